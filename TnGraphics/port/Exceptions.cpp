@@ -1,0 +1,26 @@
+#include "TnGraphics/port/Exceptions.h"
+
+#include "TnGraphics/port/Raise.h"
+
+namespace tn {
+namespace {
+
+constexpr const char* kBadAllocationText = "bad allocation";
+
+// The text of a plain std::bad_alloc differs from platform to platform; hosts show it.
+class NoStorage : public std::bad_alloc {
+public:
+    const char* what() const noexcept override { return kBadAllocationText; }
+};
+
+} // namespace
+
+void RaiseBitmapExhausted() { throw bad_alloc_bitmap(); }
+
+void RaiseNoStorage() { throw NoStorage(); }
+
+} // namespace tn
+
+bad_alloc_bitmap::~bad_alloc_bitmap() = default;
+
+const char* bad_alloc_bitmap::what() const noexcept { return tn::kBadAllocationText; }

@@ -1,0 +1,12 @@
+// Private: the position query of the pattern fills.
+#pragma once
+
+#include "TnGraphics/port/SurfaceIterator.h"
+
+namespace tn {
+
+/// The iterator's Position(), whose check of the byte distance reports in every build and not in debug builds alone:
+/// the phase of a pattern hangs on it.
+template <class SurfaceType, Lines lines> TnPoint ReportedPosition(const SurfaceIterator<SurfaceType, lines>& iterator);
+
+} // namespace tn
