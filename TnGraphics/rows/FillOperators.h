@@ -1,0 +1,112 @@
+// Private: what fills do to a pixel.
+//
+// An operator is a pure function from a pixel and its column in the row to the new pixel. It is written once, over a
+// lane type that holds one pixel or a vector register full of them, so it selects where other code would branch. A new
+// one is a functor here, a line in RowKernels.h and the operation in ops/ that calls it.
+//
+// An operator may know an easy way for lanes in which it has nothing to compute; then it says in IsEasy which these
+// are, and Easily gives what operator() would.
+#pragma once
+
+#include <cstdint>
+
+namespace tn {
+
+inline constexpr std::uint32_t kAlphaBits = 0xFF000000;
+
+/// The word, whatever was there.
+struct StorePixel {
+    std::uint32_t word;
+
+    template <class Pixels> Pixels operator()(Pixels, Pixels) const { return Pixels::All(word); }
+};
+
+/// The alpha, in the top byte of a word; the colour stays.
+struct SetAlpha {
+    std::uint32_t alphaBits;
+
+    template <class Pixels> Pixels operator()(Pixels d, Pixels) const { return d.WithAlphaOf(Pixels::All(alphaBits)); }
+};
+
+/// da x factor / 65536, of which the low 8 bits are kept; the colour stays.
+struct ScaleAlpha {
+    std::uint32_t factor; // 16.16; the product wraps like that of signed numbers
+
+    template <class Pixels> Pixels operator()(Pixels d, Pixels) const {
+        const Pixels product = d.template ShiftedRight<24>() * Pixels::All(factor);
+        return d.WithAlphaOf(product.template ShiftedLeft<8>());
+    }
+};
+
+/// Where the alphas are 0.
+template <class Pixels> auto Transparent(Pixels pixels) { return (pixels & Pixels::All(kAlphaBits)) == Pixels::All(0); }
+
+/// True when every alpha is 0 or 255. These two, plus one modulo 256, have no bit above the lowest.
+template <class Pixels> bool HasHardAlphas(Pixels pixels) {
+    constexpr std::uint32_t kOne = 0x01000000;
+    return !((pixels + Pixels::All(kOne)) & Pixels::All(kAlphaBits & ~kOne)).HasBits();
+}
+
+/// (s x (255 - da) + d x da) / 255 for each colour channel; the alpha stays.
+struct BlendBehind {
+    std::uint32_t color;
+
+    // Written as 255 s + (d - s) x da: modulo 65536 that is the same sum, which never exceeds 255 x 255.
+    template <class Pixels> Pixels operator()(Pixels d, Pixels) const {
+        using Channels = typename Pixels::Channels;
+        const Channels source = Channels::All(color);
+        const Channels destination = d.Widened();
+        const Channels sum = source * Channels::All16(255) + (destination - source) * destination.Alphas();
+        return Pixels::Narrowed(DividedBy255(sum)).WithAlphaOf(d);
+    }
+
+    // Pictures are opaque or empty nearly everywhere, and there blending is a choice.
+    template <class Pixels> static bool IsEasy(Pixels d) { return HasHardAlphas(d); }
+    template <class Pixels> Pixels Easily(Pixels d, Pixels) const {
+        return Select(Transparent(d), Pixels::All(color & ~kAlphaBits), d);
+    }
+};
+
+/// BlendBehind where da is not 0; elsewhere the pixel stays.
+struct BlendBehindVisible {
+    BlendBehind blend;
+
+    template <class Pixels> Pixels operator()(Pixels d, Pixels column) const {
+        return Select(Transparent(d), d, blend(d, column));
+    }
+
+    template <class Pixels> static bool IsEasy(Pixels d) { return HasHardAlphas(d); }
+    template <class Pixels> Pixels Easily(Pixels d, Pixels) const { return d; }
+};
+
+/// BlendBehind, then SetAlpha.
+struct BlendBehindAndSetAlpha {
+    BlendBehind blend;
+    SetAlpha set;
+
+    template <class Pixels> Pixels operator()(Pixels d, Pixels column) const { return set(blend(d, column), column); }
+
+    template <class Pixels> static bool IsEasy(Pixels d) { return HasHardAlphas(d); }
+    template <class Pixels> Pixels Easily(Pixels d, Pixels column) const {
+        return set(blend.Easily(d, column), column);
+    }
+};
+
+/// Two lines that fall and rise by a pixel from row to row: the line's word on two columns of each cell, elsewhere the
+/// ground's.
+struct CrossLines {
+    std::uint32_t firstColumn; // of the row within the pattern
+    std::uint32_t cellMask;    // a column's place in its cell
+    std::uint32_t falling;     // where the lines are in this row
+    std::uint32_t rising;
+    std::uint32_t line;
+    std::uint32_t ground;
+
+    template <class Pixels> Pixels operator()(Pixels, Pixels column) const {
+        const Pixels place = (column + Pixels::All(firstColumn)) & Pixels::All(cellMask);
+        const auto onLine = (place == Pixels::All(falling)) | (place == Pixels::All(rising));
+        return Select(onLine, Pixels::All(line), Pixels::All(ground));
+    }
+};
+
+} // namespace tn

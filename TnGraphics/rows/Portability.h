@@ -1,0 +1,17 @@
+// Private: what this compiler says in words of its own.
+#pragma once
+
+namespace tn {
+
+inline bool ProcessorHasAvx2() {
+    __builtin_cpu_init();
+    return __builtin_cpu_supports("avx2") != 0;
+}
+
+inline bool ProcessorHasAvx512Bw() {
+    __builtin_cpu_init();
+    return __builtin_cpu_supports("avx512f") != 0 && __builtin_cpu_supports("avx512bw") != 0 &&
+           __builtin_cpu_supports("avx512vl") != 0 && __builtin_cpu_supports("avx512dq") != 0;
+}
+
+} // namespace tn

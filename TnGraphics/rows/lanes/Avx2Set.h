@@ -1,0 +1,81 @@
+// Private: the instructions of the AVX2 level. Included by that level's source alone.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <immintrin.h>
+
+namespace tn::avx2 {
+
+struct InstructionSet {
+    using Register = __m256i;
+    using Mask16 = __m256i;
+    using Mask32 = __m256i;
+
+    static Register All16(std::uint16_t value) { return _mm256_set1_epi16(static_cast<short>(value)); }
+    static Register All32(std::uint32_t value) { return _mm256_set1_epi32(static_cast<int>(value)); }
+    static Register All64(std::uint64_t value) { return _mm256_set1_epi64x(static_cast<long long>(value)); }
+    static Register Indices32() { return _mm256_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7); }
+
+    static Register Load(const void* from) { return _mm256_loadu_si256(static_cast<const __m256i*>(from)); }
+    static void Store(void* to, Register a) { _mm256_storeu_si256(static_cast<__m256i*>(to), a); }
+
+    // One to seven words. Masked stores are slow on some processors of this level, narrower ones are fast on all.
+    static Register LoadFirst(const void* from, std::size_t count) {
+        const Register mask = _mm256_cmpgt_epi32(All32(static_cast<std::uint32_t>(count)), Indices32());
+        return _mm256_maskload_epi32(static_cast<const int*>(from), mask);
+    }
+    static void StoreFirst(void* to, Register a, std::size_t count) {
+        auto* words = static_cast<std::uint32_t*>(to);
+        __m128i part = _mm256_castsi256_si128(a);
+        if ((count & 4) != 0) {
+            _mm_storeu_si128(reinterpret_cast<__m128i*>(words), part);
+            words += 4;
+            part = _mm256_extracti128_si256(a, 1);
+        }
+        if ((count & 2) != 0) {
+            _mm_storel_epi64(reinterpret_cast<__m128i*>(words), part);
+            words += 2;
+            part = _mm_unpackhi_epi64(part, part);
+        }
+        if ((count & 1) != 0) {
+            *words = static_cast<std::uint32_t>(_mm_cvtsi128_si32(part));
+        }
+    }
+
+    static Register And(Register a, Register b) { return _mm256_and_si256(a, b); }
+    static Register Or(Register a, Register b) { return _mm256_or_si256(a, b); }
+    static Mask32 OrMask32(Mask32 a, Mask32 b) { return _mm256_or_si256(a, b); }
+    static Register Select16(Mask16 mask, Register a, Register b) { return _mm256_blendv_epi8(b, a, mask); }
+    static Register Select32(Mask32 mask, Register a, Register b) { return _mm256_blendv_epi8(b, a, mask); }
+
+    static Register WithFourthBytesOf(Register a, Register b) {
+        return Or(And(a, All32(0x00FFFFFF)), And(b, All32(0xFF000000)));
+    }
+
+    static bool HasBits(Register a) { return _mm256_testz_si256(a, a) == 0; }
+
+    static Register Add32(Register a, Register b) { return _mm256_add_epi32(a, b); }
+    static Register Multiply32(Register a, Register b) { return _mm256_mullo_epi32(a, b); }
+    static Mask32 Equal32(Register a, Register b) { return _mm256_cmpeq_epi32(a, b); }
+    template <int bits> static Register ShiftLeft32(Register a) { return _mm256_slli_epi32(a, bits); }
+    template <int bits> static Register ShiftRight32(Register a) { return _mm256_srli_epi32(a, bits); }
+
+    static Register Add16(Register a, Register b) { return _mm256_add_epi16(a, b); }
+    static Register Subtract16(Register a, Register b) { return _mm256_sub_epi16(a, b); }
+    static Register Multiply16(Register a, Register b) { return _mm256_mullo_epi16(a, b); }
+    static Register MultiplyHigh16(Register a, Register b) { return _mm256_mulhi_epu16(a, b); }
+    static Mask16 Equal16(Register a, Register b) { return _mm256_cmpeq_epi16(a, b); }
+    template <int bits> static Register ShiftRight16(Register a) { return _mm256_srli_epi16(a, bits); }
+
+    static Register WidenLow(Register a) { return _mm256_unpacklo_epi8(a, _mm256_setzero_si256()); }
+    static Register WidenHigh(Register a) { return _mm256_unpackhi_epi8(a, _mm256_setzero_si256()); }
+    static Register Narrow(Register low, Register high) { return _mm256_packus_epi16(low, high); }
+    static Register SpreadAlpha(Register channels) {
+        const Register lastChannel =
+            _mm256_broadcastsi128_si256(_mm_setr_epi8(6, 7, 6, 7, 6, 7, 6, 7, 14, 15, 14, 15, 14, 15, 14, 15));
+        return _mm256_shuffle_epi8(channels, lastChannel);
+    }
+};
+
+} // namespace tn::avx2

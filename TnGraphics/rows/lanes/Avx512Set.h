@@ -1,0 +1,68 @@
+// Private: the instructions of the AVX-512 level. Included by that level's source alone.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <immintrin.h>
+
+namespace tn::avx512 {
+
+struct InstructionSet {
+    using Register = __m512i;
+    using Mask16 = __mmask32;
+    using Mask32 = __mmask16;
+
+    static Register All16(std::uint16_t value) { return _mm512_set1_epi16(static_cast<short>(value)); }
+    static Register All32(std::uint32_t value) { return _mm512_set1_epi32(static_cast<int>(value)); }
+    static Register All64(std::uint64_t value) { return _mm512_set1_epi64(static_cast<long long>(value)); }
+    static Register Indices32() { return _mm512_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15); }
+
+    static Register Load(const void* from) { return _mm512_loadu_si512(from); }
+    static void Store(void* to, Register a) { _mm512_storeu_si512(to, a); }
+
+    // One to fifteen words.
+    static Register LoadFirst(const void* from, std::size_t count) {
+        return _mm512_maskz_loadu_epi32(First(count), from);
+    }
+    static void StoreFirst(void* to, Register a, std::size_t count) { _mm512_mask_storeu_epi32(to, First(count), a); }
+
+    static Register And(Register a, Register b) { return _mm512_and_si512(a, b); }
+    static Register Or(Register a, Register b) { return _mm512_or_si512(a, b); }
+    static Mask32 OrMask32(Mask32 a, Mask32 b) { return static_cast<Mask32>(a | b); }
+    static Register Select16(Mask16 mask, Register a, Register b) { return _mm512_mask_blend_epi16(mask, b, a); }
+    static Register Select32(Mask32 mask, Register a, Register b) { return _mm512_mask_blend_epi32(mask, b, a); }
+
+    static Register WithFourthBytesOf(Register a, Register b) {
+        constexpr int kChoice = 0xCA; // first ? second : third, bit by bit
+        return _mm512_ternarylogic_epi32(All32(0xFF000000), b, a, kChoice);
+    }
+
+    static bool HasBits(Register a) { return _mm512_test_epi32_mask(a, a) != 0; }
+
+    static Register Add32(Register a, Register b) { return _mm512_add_epi32(a, b); }
+    static Register Multiply32(Register a, Register b) { return _mm512_mullo_epi32(a, b); }
+    static Mask32 Equal32(Register a, Register b) { return _mm512_cmpeq_epi32_mask(a, b); }
+    template <int bits> static Register ShiftLeft32(Register a) { return _mm512_slli_epi32(a, bits); }
+    template <int bits> static Register ShiftRight32(Register a) { return _mm512_srli_epi32(a, bits); }
+
+    static Register Add16(Register a, Register b) { return _mm512_add_epi16(a, b); }
+    static Register Subtract16(Register a, Register b) { return _mm512_sub_epi16(a, b); }
+    static Register Multiply16(Register a, Register b) { return _mm512_mullo_epi16(a, b); }
+    static Register MultiplyHigh16(Register a, Register b) { return _mm512_mulhi_epu16(a, b); }
+    static Mask16 Equal16(Register a, Register b) { return _mm512_cmpeq_epi16_mask(a, b); }
+    template <int bits> static Register ShiftRight16(Register a) { return _mm512_srli_epi16(a, bits); }
+
+    static Register WidenLow(Register a) { return _mm512_unpacklo_epi8(a, _mm512_setzero_si512()); }
+    static Register WidenHigh(Register a) { return _mm512_unpackhi_epi8(a, _mm512_setzero_si512()); }
+    static Register Narrow(Register low, Register high) { return _mm512_packus_epi16(low, high); }
+    static Register SpreadAlpha(Register channels) {
+        const Register lastChannel =
+            _mm512_broadcast_i32x4(_mm_setr_epi8(6, 7, 6, 7, 6, 7, 6, 7, 14, 15, 14, 15, 14, 15, 14, 15));
+        return _mm512_shuffle_epi8(channels, lastChannel);
+    }
+
+private:
+    static __mmask16 First(std::size_t count) { return static_cast<__mmask16>((1U << count) - 1U); }
+};
+
+} // namespace tn::avx512

@@ -1,0 +1,86 @@
+// Private: the instructions of the baseline level, SSE2. Included by that level's source alone.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <emmintrin.h>
+
+namespace tn::baseline {
+
+struct InstructionSet {
+    using Register = __m128i;
+    using Mask16 = __m128i;
+    using Mask32 = __m128i;
+
+    static Register All16(std::uint16_t value) { return _mm_set1_epi16(static_cast<short>(value)); }
+    static Register All32(std::uint32_t value) { return _mm_set1_epi32(static_cast<int>(value)); }
+    static Register All64(std::uint64_t value) { return _mm_set1_epi64x(static_cast<long long>(value)); }
+    static Register Indices32() { return _mm_setr_epi32(0, 1, 2, 3); }
+
+    static Register Load(const void* from) { return _mm_loadu_si128(static_cast<const __m128i*>(from)); }
+    static void Store(void* to, Register a) { _mm_storeu_si128(static_cast<__m128i*>(to), a); }
+
+    // One to three words: a pair, a single one, or a pair and a single one.
+    static Register LoadFirst(const void* from, std::size_t count) {
+        const auto* words = static_cast<const std::uint32_t*>(from);
+        const Register pair =
+            (count & 2) != 0 ? _mm_loadl_epi64(static_cast<const __m128i*>(from)) : _mm_setzero_si128();
+        if ((count & 1) == 0) {
+            return pair;
+        }
+        const Register single = _mm_cvtsi32_si128(static_cast<int>(words[count & 2]));
+        return (count & 2) != 0 ? _mm_unpacklo_epi64(pair, single) : single;
+    }
+    static void StoreFirst(void* to, Register a, std::size_t count) {
+        auto* words = static_cast<std::uint32_t*>(to);
+        if ((count & 2) != 0) {
+            _mm_storel_epi64(static_cast<__m128i*>(to), a);
+            a = _mm_unpackhi_epi64(a, a);
+        }
+        if ((count & 1) != 0) {
+            words[count & 2] = static_cast<std::uint32_t>(_mm_cvtsi128_si32(a));
+        }
+    }
+
+    static Register And(Register a, Register b) { return _mm_and_si128(a, b); }
+    static Register Or(Register a, Register b) { return _mm_or_si128(a, b); }
+    static Mask32 OrMask32(Mask32 a, Mask32 b) { return _mm_or_si128(a, b); }
+    static Register Select16(Mask16 mask, Register a, Register b) {
+        return _mm_or_si128(_mm_and_si128(mask, a), _mm_andnot_si128(mask, b));
+    }
+    static Register Select32(Mask32 mask, Register a, Register b) { return Select16(mask, a, b); }
+
+    static Register WithFourthBytesOf(Register a, Register b) {
+        return Or(And(a, All32(0x00FFFFFF)), And(b, All32(0xFF000000)));
+    }
+
+    static bool HasBits(Register a) { return _mm_movemask_epi8(_mm_cmpeq_epi32(a, _mm_setzero_si128())) != 0xFFFF; }
+
+    static Register Add32(Register a, Register b) { return _mm_add_epi32(a, b); }
+    static Register Multiply32(Register a, Register b) {
+        const __m128i even = _mm_mul_epu32(a, b);
+        const __m128i odd = _mm_mul_epu32(_mm_srli_epi64(a, 32), _mm_srli_epi64(b, 32));
+        return _mm_unpacklo_epi32(_mm_shuffle_epi32(even, _MM_SHUFFLE(3, 1, 2, 0)),
+                                  _mm_shuffle_epi32(odd, _MM_SHUFFLE(3, 1, 2, 0)));
+    }
+    static Mask32 Equal32(Register a, Register b) { return _mm_cmpeq_epi32(a, b); }
+    template <int bits> static Register ShiftLeft32(Register a) { return _mm_slli_epi32(a, bits); }
+    template <int bits> static Register ShiftRight32(Register a) { return _mm_srli_epi32(a, bits); }
+
+    static Register Add16(Register a, Register b) { return _mm_add_epi16(a, b); }
+    static Register Subtract16(Register a, Register b) { return _mm_sub_epi16(a, b); }
+    static Register Multiply16(Register a, Register b) { return _mm_mullo_epi16(a, b); }
+    static Register MultiplyHigh16(Register a, Register b) { return _mm_mulhi_epu16(a, b); }
+    static Mask16 Equal16(Register a, Register b) { return _mm_cmpeq_epi16(a, b); }
+    template <int bits> static Register ShiftRight16(Register a) { return _mm_srli_epi16(a, bits); }
+
+    static Register WidenLow(Register a) { return _mm_unpacklo_epi8(a, _mm_setzero_si128()); }
+    static Register WidenHigh(Register a) { return _mm_unpackhi_epi8(a, _mm_setzero_si128()); }
+    static Register Narrow(Register low, Register high) { return _mm_packus_epi16(low, high); }
+    static Register SpreadAlpha(Register channels) {
+        constexpr int kFourth = _MM_SHUFFLE(3, 3, 3, 3);
+        return _mm_shufflehi_epi16(_mm_shufflelo_epi16(channels, kFourth), kFourth);
+    }
+};
+
+} // namespace tn::baseline
