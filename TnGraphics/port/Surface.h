@@ -89,8 +89,9 @@ public:
     /// Sets the content rectangle, clipped to the storage; a rectangle wholly outside gives {0, 0, 0, 0}.
     ///
     /// On a locked surface the pixel base stays where it is: the new corner takes effect at the next first lock, and
-    /// until then walks that would leave the storage are empty. \throws std::bad_alloc ("bad allocation") for a surface
-    /// without storage, which then keeps its content
+    /// until then walks that would leave the storage are empty.
+    ///
+    /// \throws std::bad_alloc ("bad allocation") for a surface without storage, which then keeps its content
     TN_EXPORT void Content(const TnRect& content);
 
     /// Width and height of the storage.
@@ -126,8 +127,9 @@ public:
     /// The first pixel of the rectangle, clipped to Bounds(), for a walk column by column.
     ///
     /// When nothing is left of the rectangle the iterator stands on the content's first pixel, unlike begin(), and is
-    /// not at its end: test the rectangle before a walk by columns. \throws std::bad_alloc ("bad allocation") like
-    /// AddClient()
+    /// not at its end: test the rectangle before a walk by columns.
+    ///
+    /// \throws std::bad_alloc ("bad allocation") like AddClient()
     IteratorVertical beginVertical(const TnRect& rect) const;
     IteratorVertical beginVertical() const; ///< The first pixel of the content.
 

@@ -27,8 +27,9 @@ public:
     TnImage(const TnImage& other);
 
     /// Takes over deep copies of the other image's pixels, its size, content rectangle and cancel procedure. Lock count
-    /// and outside pixel stay. Assigning an image to itself does nothing. \throws as the copy; the image then has the
-    /// new size and no storage
+    /// and outside pixel stay. Assigning an image to itself does nothing.
+    ///
+    /// \throws what the copy throws; the image then has the new size and no storage
     TnImage& operator=(const TnImage& other);
 
     ~TnImage();

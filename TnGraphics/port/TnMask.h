@@ -17,13 +17,14 @@ class TnMask {
 public:
     using Pixel = TnMaskPixel;
 
-    /// A mask with pixels of its own, even when the size is 0 x 0.
+    /// A mask with pixels of its own, even when the size is 0 x 0. They are whatever the memory holds.
     ///
-    /// \param size  width and height in pixels
-    /// \param clear whether the pixels are set to 0; otherwise they are whatever the memory holds
+    /// \param size width and height in pixels
     /// \throws bad_alloc_bitmap for exhausted memory and for sizes that are negative or too large
     TN_EXPORT explicit TnMask(const TnPoint& size);
-    TN_EXPORT TnMask(const TnPoint& size, bool clear); ///< \overload
+
+    /// The same, with the choice of setting the pixels to 0.
+    TN_EXPORT TnMask(const TnPoint& size, bool clear);
 
     /// A deep, unlocked copy.
     /// \throws bad_alloc_bitmap for exhausted memory

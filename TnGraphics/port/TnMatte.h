@@ -23,13 +23,15 @@ public:
     TnMatte(TnBitMapHelper* storage, const TnPoint& size, TnCancelProc cancelProc = nullptr);
 
     /// A deep, unlocked copy with the size, content rectangle and cancel procedure of the other one. Its outside pixel
-    /// is 0, whatever the other one's is. \throws std::bad_cast for storage of another kind than WinBitMapHelper,
-    /// bad_alloc_bitmap for exhausted memory
+    /// is 0, whatever the other one's is.
+    ///
+    /// \throws std::bad_cast for storage of another kind than WinBitMapHelper, bad_alloc_bitmap for exhausted memory
     TnMatte(const TnMatte& other);
 
     /// Takes over deep copies of the other matte's pixels, its size, content rectangle and cancel procedure. Lock count
-    /// and outside pixel stay. Assigning a matte to itself does nothing. \throws as the copy; the matte then has the
-    /// new size and no storage
+    /// and outside pixel stay. Assigning a matte to itself does nothing.
+    ///
+    /// \throws what the copy throws; the matte then has the new size and no storage
     TnMatte& operator=(const TnMatte& other);
 
     ~TnMatte();
