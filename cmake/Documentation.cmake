@@ -1,0 +1,17 @@
+# The target `docs`: HTML pages made from the comments of the public headers.
+
+find_package(Doxygen QUIET)
+if(NOT DOXYGEN_FOUND)
+    return()
+endif()
+
+set(TNGRAPHICS_DOCS_DIR "${PROJECT_BINARY_DIR}/docs" CACHE PATH "Where the target `docs` puts its pages")
+
+get_target_property(public_headers TnGraphics HEADER_SET)
+list(JOIN public_headers "\" \"" doxygen_input)
+configure_file(docs/Doxyfile.in "${PROJECT_BINARY_DIR}/Doxyfile" @ONLY)
+
+add_custom_target(docs
+    COMMAND Doxygen::doxygen "${PROJECT_BINARY_DIR}/Doxyfile"
+    COMMENT "Writing the documentation to ${TNGRAPHICS_DOCS_DIR}"
+    VERBATIM)
