@@ -1,0 +1,48 @@
+// Compiled without vectorisation: what is compared is the walk, pixel by pixel.
+#include "Comparison.h"
+
+#include "TnGraphics/port/TnImage.h"
+
+#include <memory>
+
+namespace tn::bench {
+namespace {
+
+constexpr double kWalkLimit = 2.0;
+
+void Touch(TnImagePixel& pixel) { pixel.value = pixel.value * 3 + 1; }
+
+void WalkWithIterator(TnImage& image) {
+    const auto end = image.end();
+    for (auto at = image.begin(); at != end; ++at) {
+        Touch(*at);
+    }
+}
+
+void WalkWithPointer(TnImage& image) {
+    image.AddClient();
+    auto* row = reinterpret_cast<unsigned char*>(image.PixelBase());
+    for (int y = 0; y < image.Size().y; ++y, row += image.RowBytes()) {
+        auto* const rowEnd = reinterpret_cast<TnImagePixel*>(row) + image.Size().x;
+        for (auto* pixel = reinterpret_cast<TnImagePixel*>(row); pixel != rowEnd; ++pixel) {
+            Touch(*pixel);
+        }
+    }
+    image.RemoveClient();
+}
+
+} // namespace
+
+std::vector<Comparison> WalkComparisons() {
+    const auto image = std::make_shared<TnImage>(TnPoint{1920, 1080}, true);
+    return {{.name = "walk with ++ 1920x1080",
+             .items = 1920.0 * 1080.0,
+             .ours = [image] { WalkWithIterator(*image); },
+             .referenceName = "pointer loop",
+             .reference = [image] { WalkWithPointer(*image); },
+             .referenceLimit = kWalkLimit,
+             .peerName = "",
+             .peer = nullptr}};
+}
+
+} // namespace tn::bench

@@ -1,0 +1,150 @@
+// Takes a picture through fills, patterns, blending towards a colour, opacity and erasing, and writes what comes out.
+#include "Png.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <exception>
+#include <string>
+#include <utility>
+
+namespace {
+
+constexpr TnColor kMidnight = {255, 16, 22, 48};
+constexpr TnColor kSteel = {255, 58, 72, 104};
+constexpr TnColor kAmber = {255, 255, 176, 32};
+constexpr TnColor kPaper = {255, 236, 232, 222};
+
+// Surfaces call this every 32 rows; a host would move its progress bar here, or throw to cancel.
+void ShowProgress() {
+    std::putchar('.');
+    std::fflush(stdout);
+}
+
+TnRect Inset(const TnRect& rect, double share) {
+    const auto dx = static_cast<std::int32_t>(rect.width * share);
+    const auto dy = static_cast<std::int32_t>(rect.height * share);
+    return {rect.left + dx, rect.top + dy, rect.width - 2 * dx, rect.height - 2 * dy};
+}
+
+// The n-th of several columns of equal width.
+TnRect Column(const TnRect& rect, int n, int columns) {
+    const std::int32_t left = rect.width * n / columns;
+    const std::int32_t right = rect.width * (n + 1) / columns;
+    return {rect.left + left, rect.top, right - left, rect.height};
+}
+
+// A soft oval: opaque in the middle, transparent towards the corners.
+void MakeVignette(TnImage& image) {
+    const TnPoint size = image.Size();
+    for (auto pixel = image.begin(); !pixel.AtEnd(); ++pixel) {
+        const TnPoint at = pixel.Position();
+        const double distance = std::hypot(2.0 * at.x / size.x - 1.0, 2.0 * at.y / size.y - 1.0);
+        pixel->Alpha(static_cast<std::uint8_t>(255.0 * std::clamp(1.35 - distance, 0.0, 1.0)));
+    }
+}
+
+void CopyPixels(const TnImage& source, TnImage& destination, const TnPoint& at) {
+    TnRect from;
+    TnRect to;
+    if (CalcIterBnds(source.Size(), destination.Size(), at, destination.Bounds(), &from, &to)) {
+        std::copy(source.begin(from), source.end(from), destination.begin(to));
+    }
+}
+
+void DrawColorBars(TnImage& image, const TnRect& rect) {
+    constexpr TnColor kBars[] = {{255, 191, 191, 191}, {255, 191, 191, 0}, {255, 0, 191, 191}, {255, 0, 191, 0},
+                                 {255, 191, 0, 191},   {255, 191, 0, 0},   {255, 0, 0, 191}};
+    for (int n = 0; n < 7; ++n) {
+        ColorFill(image, Column(rect, n, 7), kBars[n]);
+    }
+}
+
+void DrawHatches(TnImage& image, const TnRect& rect) {
+    for (int n = 0; n < 6; ++n) {
+        CrossHatchFill(image, Inset(Column(rect, n, 6), 0.04), kSteel, n % 2 == 0 ? kAmber : kPaper, n + 2);
+    }
+}
+
+// Where the picture is made translucent, the colour put behind it shows through.
+void DrawLowerThird(TnImage& image) {
+    const TnPoint size = image.Size();
+    const TnRect bar = {0, size.y * 3 / 4, size.x, size.y / 8};
+    AlphaFill(image, bar, 70);
+    BlendInColorAndFillAlpha(image, kMidnight, 255);
+    ColorFill(image, {bar.left, bar.top, bar.width, size.y / 160}, kAmber);
+    CrossHatchFill(image, Column(Inset(bar, 0.1), 7, 8), kSteel, kAmber, 4);
+}
+
+TnImage MakeSlate(const TnImage& photo) {
+    const std::int32_t unit = std::max(photo.Size().x / 24, 1);
+    TnImage slate({24 * unit, 18 * unit});
+    ColorFill(slate, slate.Bounds(), kMidnight);
+    DrawColorBars(slate, {0, 0, 24 * unit, 3 * unit});
+    DrawHatches(slate, {0, 14 * unit, 24 * unit, 4 * unit});
+    XFill(slate, {16 * unit, 4 * unit, 7 * unit, 7 * unit}, kSteel, kPaper);
+    ColorFill(slate, {unit, 4 * unit, 14 * unit, 9 * unit}, kPaper);
+    TnImage window = photo;
+    window.Content({photo.Size().x / 4, photo.Size().y / 4, 14 * unit - unit / 2, 9 * unit - unit / 2});
+    CopyPixels(window, slate, {unit + unit / 4, 4 * unit + unit / 4});
+    return slate;
+}
+
+class Gallery {
+public:
+    explicit Gallery(std::string folder) : folder_(std::move(folder)) {}
+
+    template <class Make> void Add(const char* name, const char* what, const Make& make) {
+        std::printf("%d. %s ", ++count_, what);
+        const TnImage picture = make();
+        const std::string path = folder_ + "/" + std::to_string(count_) + "-" + name + ".png";
+        WritePng(picture, path);
+        std::printf(" %s\n", path.c_str());
+    }
+
+private:
+    std::string folder_;
+    int count_ = 0;
+};
+
+void Run(const std::string& input, const std::string& folder) {
+    TnImage::SetDefaultCancelProc(ShowProgress);
+    const TnImage photo = ReadPng(input);
+    std::printf("%s: %d x %d pixels\n", input.c_str(), photo.Size().x, photo.Size().y);
+
+    Gallery gallery(folder);
+    const auto edited = [&photo](auto edit) {
+        return [&photo, edit] {
+            TnImage image = photo;
+            edit(image);
+            return image;
+        };
+    };
+    gallery.Add("slate", "a slate of colour bars, hatches, a cross and a window of the picture",
+                [&photo] { return MakeSlate(photo); });
+    gallery.Add("blended", "the picture fading to midnight blue", edited([](TnImage& image) {
+                    MakeVignette(image);
+                    BlendInColorAndFillAlpha(image, kMidnight, 255);
+                }));
+    gallery.Add("vignette", "the picture cut out by a soft oval", edited(MakeVignette));
+    gallery.Add("opacity", "the picture at 40 per cent", edited([](TnImage& image) { SetOpacity(image, 40); }));
+    gallery.Add("safe-area", "the picture erased outside the title-safe area",
+                edited([](TnImage& image) { EraseOutside(image, Inset(image.Bounds(), 0.1)); }));
+    gallery.Add("lower-third", "a caption bar through which the picture shows", edited(DrawLowerThird));
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 3) {
+        std::fprintf(stderr, "usage: demo picture.png folder\n");
+        return 2;
+    }
+    try {
+        Run(argv[1], argv[2]);
+    } catch (const std::exception& problem) {
+        std::fprintf(stderr, "demo: %s\n", problem.what());
+        return 1;
+    }
+    return 0;
+}
