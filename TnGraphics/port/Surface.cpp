@@ -150,31 +150,29 @@ template <class SurfaceType> std::uintptr_t Surface<SurfaceType>::WalkBase(const
 }
 
 template <class SurfaceType>
-template <Lines lines>
-WalkAddresses Surface<SurfaceType>::AddressesOf(const TnRect& bounds, const TnPoint& start) const {
-    constexpr bool kByRows = lines == Lines::kRows;
+WalkAddresses Surface<SurfaceType>::AddressesByRows(const TnRect& bounds, const TnPoint& start) const {
+    const std::uintptr_t base = WalkBase(bounds);
+    if (base == 0 || bounds.IsEmpty()) {
+        return {};
+    }
+    const TnPoint corner = bounds.BottomRight();
+    return {bounds, AddressIn(base, start), AddressIn(base, {bounds.left, start.y}),
+            AddressIn(base, {corner.x, start.y}), AddressIn(base, corner)};
+}
+
+// Unlike a walk by rows, one by columns over nothing stands on the content's first pixel: hosts test the rectangle.
+template <class SurfaceType>
+WalkAddresses Surface<SurfaceType>::AddressesByColumns(const TnRect& bounds, const TnPoint& start) const {
     const std::uintptr_t base = WalkBase(bounds);
     if (base == 0) {
         return {};
     }
-    // A walk by columns over nothing stands on the content's first pixel, not at its end: hosts test the rectangle
-    // first.
-    if (kByRows && bounds.IsEmpty()) {
-        return {.bounds = bounds};
-    }
     const TnPoint corner = bounds.BottomRight();
-    const TnPoint lineStart = kByRows ? TnPoint{bounds.left, start.y} : TnPoint{start.x, bounds.top};
-    const TnPoint lineEnd = kByRows ? TnPoint{corner.x, start.y} : TnPoint{start.x, corner.y};
-    return {bounds, AddressIn(base, start), AddressIn(base, lineStart), AddressIn(base, lineEnd),
-            AddressIn(base, corner)};
+    return {bounds, AddressIn(base, start), AddressIn(base, {start.x, bounds.top}),
+            AddressIn(base, {start.x, corner.y}), AddressIn(base, corner)};
 }
 
 template class Surface<TnImage>;
 template class Surface<TnMatte>;
-
-template WalkAddresses Surface<TnImage>::AddressesOf<Lines::kRows>(const TnRect&, const TnPoint&) const;
-template WalkAddresses Surface<TnImage>::AddressesOf<Lines::kColumns>(const TnRect&, const TnPoint&) const;
-template WalkAddresses Surface<TnMatte>::AddressesOf<Lines::kRows>(const TnRect&, const TnPoint&) const;
-template WalkAddresses Surface<TnMatte>::AddressesOf<Lines::kColumns>(const TnRect&, const TnPoint&) const;
 
 } // namespace tn

@@ -155,7 +155,8 @@ private:
     void* ContentAddress(void* block) const;
     std::uintptr_t AddressIn(std::uintptr_t origin, const TnPoint& position) const;
     std::uintptr_t WalkBase(const TnRect& walk) const;
-    template <Lines lines> TN_EXPORT WalkAddresses AddressesOf(const TnRect& bounds, const TnPoint& start) const;
+    TN_EXPORT WalkAddresses AddressesByRows(const TnRect& bounds, const TnPoint& start) const;
+    TN_EXPORT WalkAddresses AddressesByColumns(const TnRect& bounds, const TnPoint& start) const;
 
     static TnCancelProc defaultCancelProc_;
 

@@ -43,7 +43,8 @@ template <class SurfaceType, Lines lines>
 inline SurfaceIterator<SurfaceType, lines>::SurfaceIterator(const SurfaceType& surface, const TnRect& bounds,
                                                             const TnPoint& start)
     : lock_(surface), rowBytes_(surface.RowBytes()) {
-    const WalkAddresses walk = surface.template AddressesOf<lines>(bounds, start);
+    const WalkAddresses walk =
+        kLinesAreRows ? surface.AddressesByRows(bounds, start) : surface.AddressesByColumns(bounds, start);
     bounds_ = walk.bounds;
     current_ = first_ = walk.start;
     lineStart_ = walk.lineStart;
