@@ -2,6 +2,15 @@
 /// Everything that a host needs, in one include.
 #pragma once
 
+#include "TnGraphics/color/ColorTruncation.h"
+#include "TnGraphics/color/HsvConversion.h"
+#include "TnGraphics/color/InkConversion.h"
+#include "TnGraphics/color/TnColorTransform.h"
+#include "TnGraphics/color/YuvConversion.h"
+#include "TnGraphics/geometry/Angles.h"
+#include "TnGraphics/geometry/MakeMatrix.h"
+#include "TnGraphics/geometry/Matrix.h"
+#include "TnGraphics/geometry/PointTransform.h"
 #include "TnGraphics/geometry/TnBox.h"
 #include "TnGraphics/geometry/TnFixed.h"
 #include "TnGraphics/geometry/TnFloat.h"
