@@ -87,7 +87,7 @@ void Surface<SurfaceType>::ReInit(const TnPoint& size, bool clear, TnCancelProc 
 template <class SurfaceType> void Surface<SurfaceType>::AddClient() const {
     CountClient(clients_, [this] {
         if (!HasNoSize()) {
-            pixelBase_ = ContentAddress(LockStorage(storage_.get()));
+            LockPixels();
         }
     });
 }
@@ -106,6 +106,7 @@ template <class SurfaceType> void Surface<SurfaceType>::Content(const TnRect& co
         RaiseNoStorage();
     }
     content_ = Intersection(content, Whole(size_));
+    contentMoved_ = true;
     storage_->contentOrigin = {content_.left, content_.top};
 }
 
@@ -118,11 +119,10 @@ template <class SurfaceType> void Surface<SurfaceType>::Adopt(std::unique_ptr<Tn
     rowBytes_ = RowBytesOf(storage_.get());
 }
 
-template <class SurfaceType> void* Surface<SurfaceType>::ContentAddress(void* block) const {
-    if (block == nullptr) {
-        return nullptr;
-    }
-    return reinterpret_cast<void*>(AddressIn(reinterpret_cast<std::uintptr_t>(block), {content_.left, content_.top}));
+template <class SurfaceType> void Surface<SurfaceType>::LockPixels() const {
+    const auto block = reinterpret_cast<std::uintptr_t>(LockStorage(storage_.get()));
+    pixelBase_ = block == 0 ? nullptr : reinterpret_cast<void*>(AddressIn(block, {content_.left, content_.top}));
+    contentMoved_ = false;
 }
 
 template <class SurfaceType>
@@ -131,18 +131,14 @@ std::uintptr_t Surface<SurfaceType>::AddressIn(std::uintptr_t origin, const TnPo
            static_cast<std::uintptr_t>(position.x) * sizeof(Pixel);
 }
 
-// The pixel base keeps the content corner of the first lock. A content rectangle that was set since then, or a scope
-// that shows other rows, may reach past the storage from there; such a walk gets no address.
+// The pixel base keeps the content corner of the first lock. A content rectangle that was set since then may reach past
+// the storage from there; such a walk gets no address.
 template <class SurfaceType> std::uintptr_t Surface<SurfaceType>::WalkBase(const TnRect& walk) const {
     const auto base = reinterpret_cast<std::uintptr_t>(pixelBase_);
-    if (base == 0 || walk.IsEmpty()) {
+    if (!contentMoved_ || base == 0 || walk.IsEmpty()) {
         return base;
     }
-    void* const block = storage_->BaseAddr();
-    if (pixelBase_ == ContentAddress(block)) {
-        return base;
-    }
-    const std::uintptr_t blockEnd = reinterpret_cast<std::uintptr_t>(block) + storage_->ByteSize();
+    const std::uintptr_t blockEnd = reinterpret_cast<std::uintptr_t>(storage_->BaseAddr()) + storage_->ByteSize();
     const std::uintptr_t walkEnd = AddressIn(base, walk.BottomRight()) + sizeof(Pixel);
     const bool staysInside = walkEnd <= blockEnd;
     walkLeavesStorage.AssertInDebug(staysInside);

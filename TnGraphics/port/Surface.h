@@ -152,7 +152,7 @@ private:
     template <class Walk> Walk BeginWalk(const TnRect& rect) const;
     template <class Walk> Walk EndWalk(const TnRect& rect) const;
     void Adopt(std::unique_ptr<TnBitMapHelper> storage);
-    void* ContentAddress(void* block) const;
+    void LockPixels() const;
     std::uintptr_t AddressIn(std::uintptr_t origin, const TnPoint& position) const;
     std::uintptr_t WalkBase(const TnRect& walk) const;
     TN_EXPORT WalkAddresses AddressesByRows(const TnRect& bounds, const TnPoint& start) const;
@@ -168,6 +168,7 @@ private:
     mutable std::uint32_t clients_ = 0;
     mutable typename Traits::ReadState reading_;
     TnCancelProc cancelProc_;
+    mutable bool contentMoved_ = false; // since the first lock fixed the pixel base
 };
 
 } // namespace tn

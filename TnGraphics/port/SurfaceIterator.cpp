@@ -58,7 +58,8 @@ template <class SurfaceType, Lines lines> TnPoint SurfaceIterator<SurfaceType, l
 template <class SurfaceType, Lines lines>
 TnPoint ReportedPosition(const SurfaceIterator<SurfaceType, lines>& iterator) {
     const std::uintptr_t byteDistance = iterator.ByteDistance();
-    farPosition<SurfaceIterator<SurfaceType, lines>>.Assert(FitsUnsigned32(byteDistance));
+    const std::uintptr_t lastOfLine = byteDistance + (iterator.lineEnd_ - iterator.current_);
+    farPosition<SurfaceIterator<SurfaceType, lines>>.Assert(FitsUnsigned32(lastOfLine));
     return iterator.PositionAt(byteDistance);
 }
 

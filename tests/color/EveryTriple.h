@@ -14,14 +14,7 @@ namespace tn::test {
 using model::Triple;
 
 /// 1 where there is time for every value, in optimised builds and in long runs; the stride elsewhere.
-inline int StrideInHaste(int stride) {
-#if defined(__OPTIMIZE__)
-    constexpr bool kOptimized = true;
-#else
-    constexpr bool kOptimized = false;
-#endif
-    return kOptimized || IsSoaking() ? 1 : stride;
-}
+inline int StrideInHaste(int stride) { return HasTimeForEveryValue() ? 1 : stride; }
 
 /// The triple's channels as a colour.
 inline TnColor ColorOf(const Triple& rgb, std::uint8_t alpha = 0) {

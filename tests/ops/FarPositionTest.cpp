@@ -43,6 +43,17 @@ TEST(XFillOfFarRows, ReportsThePositionAndDrawsTheCross) {
     });
 }
 
+TEST(XFillOfFarRows, ReportsARowOfWhichOnlyTheFirstPixelIsNear) {
+    constexpr TnPoint kTwoRows = {21, 2};
+    TnImage image(new SparseStorage(kTwoRows, sizeof(TnImagePixel), 0xFFFFFFFC), kTwoRows);
+    const AssertionRecorder recorder;
+    XFill(image, {0, 1, 1, 1}, kGround, kLine);
+    EXPECT_TRUE(recorder.Reports().empty());
+    XFill(image, image.Bounds(), kGround, kLine);
+    EXPECT_EQ(recorder.Reports().size(), 1U);
+    ExpectFarPositionsOnly(recorder);
+}
+
 TEST(CrossHatchFillOfFarRows, ReportsThePositionAndDrawsTheLattice) {
     ForEachSupportedLevel([](ProcessorLevel) {
         TnImage image(new SparseStorage(kSize, sizeof(TnImagePixel), kFarRowBytes), kSize);

@@ -1,3 +1,4 @@
+#include "tests/support/AllocationFailure.h"
 #include "tests/support/CancelAtPoll.h"
 #include "tests/support/PixelDiff.h"
 #include "tests/support/RecordingStorage.h"
@@ -112,6 +113,15 @@ TYPED_TEST(EveryOperation, DoesNothingAndNeverPollsOnASurfaceWithoutColumnsOrRow
             EXPECT_EQ(watch.Polls(), 0);
             EXPECT_EQ(surface.Clients(), 0U);
         }
+    });
+}
+
+TYPED_TEST(EveryOperation, AllocatesNothing) {
+    this->ForEach([](const auto& operation) {
+        TypeParam surface({10, 40});
+        const FailAllocation fail(1);
+        EXPECT_NO_THROW(operation.run(surface));
+        EXPECT_FALSE(fail.HasFailed());
     });
 }
 

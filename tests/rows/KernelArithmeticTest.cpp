@@ -14,12 +14,6 @@
 namespace tn::test {
 namespace {
 
-#if defined(__OPTIMIZE__)
-constexpr bool kOptimized = true;
-#else
-constexpr bool kOptimized = false;
-#endif
-
 using Words = std::vector<TnImagePixel>;
 
 class KernelArithmetic : public AtLevel {};
@@ -109,7 +103,7 @@ void ExpectBlended(const Words& pixels, std::uint8_t color, bool fillTransparent
 }
 
 void ExpectBlendedWithEveryColor(const Words& pixels) {
-    const int step = kOptimized || IsSoaking() ? 1 : 17; // of the colours, the ends included: 255 = 15 x 17
+    const int step = HasTimeForEveryValue() ? 1 : 17; // of the colours, the ends included: 255 = 15 x 17
     for (int color = 0; color < 256 && !::testing::Test::HasFatalFailure(); color += step) {
         SCOPED_TRACE(color);
         ExpectBlended(pixels, static_cast<std::uint8_t>(color), true);

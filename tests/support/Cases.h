@@ -20,6 +20,9 @@ void ForEachCase(int count, const std::function<void(Random& random)>& body);
 /// True in long runs, where tests that are exhaustive beyond what an ordinary run has time for are so.
 bool IsSoaking();
 
+/// True where there is time for every value of a large space: in optimised builds, and in long runs.
+bool HasTimeForEveryValue();
+
 /// The seed from which the cases of this run are derived.
 std::uint64_t BaseSeed();
 

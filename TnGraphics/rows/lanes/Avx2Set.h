@@ -66,7 +66,6 @@ struct InstructionSet {
     static Register Multiply16(Register a, Register b) { return _mm256_mullo_epi16(a, b); }
     static Register MultiplyHigh16(Register a, Register b) { return _mm256_mulhi_epu16(a, b); }
     static Mask16 Equal16(Register a, Register b) { return _mm256_cmpeq_epi16(a, b); }
-    template <int bits> static Register ShiftRight16(Register a) { return _mm256_srli_epi16(a, bits); }
 
     static Register WidenLow(Register a) { return _mm256_unpacklo_epi8(a, _mm256_setzero_si256()); }
     static Register WidenHigh(Register a) { return _mm256_unpackhi_epi8(a, _mm256_setzero_si256()); }

@@ -50,7 +50,6 @@ struct InstructionSet {
     static Register Multiply16(Register a, Register b) { return _mm512_mullo_epi16(a, b); }
     static Register MultiplyHigh16(Register a, Register b) { return _mm512_mulhi_epu16(a, b); }
     static Mask16 Equal16(Register a, Register b) { return _mm512_cmpeq_epi16_mask(a, b); }
-    template <int bits> static Register ShiftRight16(Register a) { return _mm512_srli_epi16(a, bits); }
 
     static Register WidenLow(Register a) { return _mm512_unpacklo_epi8(a, _mm512_setzero_si512()); }
     static Register WidenHigh(Register a) { return _mm512_unpackhi_epi8(a, _mm512_setzero_si512()); }

@@ -56,7 +56,7 @@ TYPED_TEST(WalkPolling, ComesBeforeThe32ndLineChange) {
     auto walk = this->Begin(3, 64);
     typename TestFixture::Iterator atPoll;
     const PollWatch watch([&](int) { atPoll = walk; });
-    while (watch.Polls() == 0) {
+    while (watch.Polls() == 0 && !walk.AtEnd()) {
         ++walk;
     }
     EXPECT_TRUE(atPoll.AtEndOfLine());
