@@ -119,5 +119,12 @@ TEST(ReportedPosition, ReportsInEveryBuild) {
     EXPECT_EQ(recorder.Reports(), (std::vector{SiteOf<ByRows<TnImage>>()}));
 }
 
+TEST(ReportedPosition, SpeaksForTheRestOfTheLine) {
+    AssertionRecorder recorder;
+    const TnImage image(new SparseStorage({4, 2}, 4, 0xFFFFFFFC), {4, 2});
+    EXPECT_EQ(ReportedPosition(image.begin({0, 1, 2, 1})), (TnPoint{0, 1}));
+    EXPECT_EQ(recorder.Reports(), (std::vector{SiteOf<ByRows<TnImage>>()}));
+}
+
 } // namespace
 } // namespace tn::test
