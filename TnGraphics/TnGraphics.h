@@ -16,6 +16,8 @@
 #include "TnGraphics/geometry/TnFloat.h"
 #include "TnGraphics/geometry/TnPoint.h"
 #include "TnGraphics/geometry/TnRect.h"
+#include "TnGraphics/ops/Compositing.h"
+#include "TnGraphics/ops/Copies.h"
 #include "TnGraphics/ops/Erase.h"
 #include "TnGraphics/ops/Fills.h"
 #include "TnGraphics/port/CalcIterBnds.h"

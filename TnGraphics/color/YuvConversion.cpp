@@ -1,6 +1,7 @@
 #include "TnGraphics/color/YuvConversion.h"
 
 #include "TnGraphics/color/ClampToByte.h"
+#include "TnGraphics/color/Luma.h"
 #include "TnGraphics/port/TnColor.h"
 
 namespace {
@@ -13,7 +14,8 @@ constexpr std::int32_t kMiddle = 128; // what u and v are for a grey
 void RGBtoYUV(const TnImagePixel& pixel, ColorYUVSpec& yuv) {
     const std::int32_t red = pixel.Red();
     const std::int32_t blue = pixel.Blue();
-    const std::int32_t luma = (red * 299 + pixel.Green() * 587 + blue * 114) / kThousandths;
+    const std::int32_t sum = red * tn::kLumaOfRed + pixel.Green() * tn::kLumaOfGreen + blue * tn::kLumaOfBlue;
+    const std::int32_t luma = sum / kThousandths;
     yuv.y = static_cast<std::uint8_t>(luma);
     yuv.u = static_cast<std::uint8_t>((blue - luma) * 495 / kThousandths + kMiddle);
     yuv.v = tn::ClampToByte((red - luma) * 877 / kThousandths + kMiddle);

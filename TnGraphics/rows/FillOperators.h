@@ -8,11 +8,11 @@
 // are, and Easily gives what operator() would.
 #pragma once
 
+#include "TnGraphics/rows/PixelAlphas.h"
+
 #include <cstdint>
 
 namespace tn {
-
-inline constexpr std::uint32_t kAlphaBits = 0xFF000000;
 
 /// The word, whatever was there.
 struct StorePixel {
@@ -37,15 +37,6 @@ struct ScaleAlpha {
         return d.WithAlphaOf(product.template ShiftedLeft<8>());
     }
 };
-
-/// Where the alphas are 0.
-template <class Pixels> auto Transparent(Pixels pixels) { return (pixels & Pixels::All(kAlphaBits)) == Pixels::All(0); }
-
-/// True when every alpha is 0 or 255. These two, plus one modulo 256, have no bit above the lowest.
-template <class Pixels> bool HasHardAlphas(Pixels pixels) {
-    constexpr std::uint32_t kOne = 0x01000000;
-    return !((pixels + Pixels::All(kOne)) & Pixels::All(kAlphaBits & ~kOne)).HasBits();
-}
 
 /// (s x (255 - da) + d x da) / 255 for each colour channel; the alpha stays.
 struct BlendBehind {

@@ -2,26 +2,65 @@
 #pragma once
 
 #include "TnGraphics/port/TnImagePixel.h"
+#include "TnGraphics/port/TnMattePixel.h"
+#include "TnGraphics/rows/CompositingOperators.h"
+#include "TnGraphics/rows/CopyOperators.h"
 #include "TnGraphics/rows/FillOperators.h"
+#include "TnGraphics/rows/Preparation.h"
 #include "TnGraphics/rows/ProcessorLevel.h"
+#include "TnGraphics/rows/SubPixelSampler.h"
 
+#include <array>
 #include <cstddef>
 
 namespace tn {
 
-/// Runs an operator on each pixel of a row.
+/// Runs a fill's operator on each pixel of a row.
 template <class Operator> using RowKernel = void (*)(TnImagePixel* row, std::size_t length, const Operator& op);
 
-/// The kernels of the listed operators at one level, one for each.
-template <class... Operators> struct KernelTable;
+/// Prepares each pixel of a source row and combines it with the pixel of the destination row.
+template <class Source, class Destination>
+using CompositingKernel = void (*)(const Source* source, Destination* destination, std::size_t length,
+                                   const Preparation& preparation);
 
-/// Every operator on one row is in this list.
-using RowKernels =
-    KernelTable<StorePixel, SetAlpha, ScaleAlpha, BlendBehind, BlendBehindVisible, BlendBehindAndSetAlpha, CrossLines>;
+/// Writes to a row what lies amid the pixels of two source rows: amid pixels i and i + 1 of both for pixel i.
+using SamplingKernel = void (*)(const TnImagePixel* upper, const TnImagePixel* lower, TnImagePixel* row,
+                                std::size_t length, const SubPixelSampler& sampler);
 
-template <class Operator> struct KernelSlot { RowKernel<Operator> kernel; };
+/// The kernel of a fill's operator.
+template <class Operator> struct Filling { RowKernel<Operator> kernel; };
 
-template <class... Operators> struct KernelTable : KernelSlot<Operators>... {};
+/// The kernels of an operator for pixels of two kinds, one for each choice of preparation.
+template <class Operator, class Source = TnImagePixel, class Destination = TnImagePixel> struct Compositing {
+    std::array<CompositingKernel<Source, Destination>, kPreparationSteps> kernels;
+};
+
+/// The kernel of an operator whose source is never prepared.
+template <class Operator, class Source = TnImagePixel, class Destination = TnImagePixel> struct Copying {
+    CompositingKernel<Source, Destination> kernel;
+};
+
+struct Sampling {
+    SamplingKernel kernel;
+};
+
+/// The kernels at one level.
+template <class... Kernels> struct KernelTable : Kernels... {};
+
+/// Every operator on rows is in this list.
+using RowKernels = KernelTable<
+    // Fills
+    Filling<StorePixel>, Filling<SetAlpha>, Filling<ScaleAlpha>, Filling<BlendBehind>, Filling<BlendBehindVisible>,
+    Filling<BlendBehindAndSetAlpha>, Filling<CrossLines>,
+    // Compositing
+    Compositing<Blend>, Compositing<PreBlend>, Compositing<Intersect>, Compositing<Subtract>, Compositing<ExclusiveOr>,
+    Compositing<IntersectNoColor>, Compositing<IntersectNoColor, TnMattePixel, TnImagePixel>,
+    Compositing<IntersectNoColor, TnMattePixel, TnMattePixel>, Sampling,
+    // Copies
+    Compositing<CopyPixel>, Copying<CopyPixel>, Copying<CopyPixel, TnMattePixel, TnMattePixel>, Copying<CopyColor>,
+    Copying<CopyAlpha, TnImagePixel, TnMattePixel>, Copying<CopyAlpha, TnMattePixel, TnImagePixel>,
+    Copying<CopyLumaToAlpha>, Copying<CopyLumaToAlpha, TnImagePixel, TnMattePixel>,
+    Copying<CopyAlphaToColor, TnMattePixel, TnImagePixel>>;
 
 namespace portable {
 extern const RowKernels kRowKernels;
@@ -46,9 +85,10 @@ ProcessorLevel ActiveLevel();
 /// For tests and measurements: uses the kernels of a supported level from now on.
 void ForceLevel(ProcessorLevel level);
 
-/// The kernel in use for an operator.
-template <class Operator> RowKernel<Operator> ActiveKernel() {
-    return static_cast<const KernelSlot<Operator>&>(ActiveRowKernels()).kernel;
-}
+/// The kernels in use, by what they are for: ActiveKernels<Compositing<Blend>>().kernels.
+template <class Kernels> const Kernels& ActiveKernels() { return ActiveRowKernels(); }
+
+/// The kernel in use for a fill's operator.
+template <class Operator> RowKernel<Operator> ActiveKernel() { return ActiveKernels<Filling<Operator>>().kernel; }
 
 } // namespace tn

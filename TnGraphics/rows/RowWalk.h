@@ -20,4 +20,21 @@ template <class SurfaceType, class Work> void ForEachRow(SurfaceType& surface, c
     }
 }
 
+/// Calls work with iterators on the first pixels of both rows, for each pair of rows of two rectangles of one size, and
+/// with the number of pixels in a row.
+///
+/// Between the rows the destination's cancel procedure is polled before the source's.
+template <class Source, class Destination, class Work>
+void ForEachRowPair(const Source& source, const TnRect& sourceRect, Destination& destination,
+                    const TnRect& destinationRect, const Work& work) {
+    auto sourceRow = source.begin(sourceRect);
+    auto destinationRow = destination.begin(destinationRect);
+    const auto length = static_cast<std::size_t>(destinationRow.Bounds().width);
+    while (!sourceRow.AtEnd() && !destinationRow.AtEnd()) {
+        work(sourceRow, destinationRow, length);
+        destinationRow.NextLine();
+        sourceRow.NextLine();
+    }
+}
+
 } // namespace tn

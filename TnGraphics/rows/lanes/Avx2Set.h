@@ -9,7 +9,6 @@ namespace tn::avx2 {
 
 struct InstructionSet {
     using Register = __m256i;
-    using Mask16 = __m256i;
     using Mask32 = __m256i;
 
     static Register All16(std::uint16_t value) { return _mm256_set1_epi16(static_cast<short>(value)); }
@@ -43,10 +42,20 @@ struct InstructionSet {
         }
     }
 
+    static Register LoadAlphas(const void* from) {
+        const __m128i bytes = _mm_loadl_epi64(static_cast<const __m128i*>(from));
+        return _mm256_slli_epi32(_mm256_cvtepu8_epi32(bytes), 24);
+    }
+    static void StoreAlphas(void* to, Register a) {
+        const Register alphas = _mm256_srli_epi32(a, 24);
+        const __m128i shorts = _mm_packs_epi32(_mm256_castsi256_si128(alphas), _mm256_extracti128_si256(alphas, 1));
+        _mm_storel_epi64(static_cast<__m128i*>(to), _mm_packus_epi16(shorts, shorts));
+    }
+
     static Register And(Register a, Register b) { return _mm256_and_si256(a, b); }
     static Register Or(Register a, Register b) { return _mm256_or_si256(a, b); }
     static Mask32 OrMask32(Mask32 a, Mask32 b) { return _mm256_or_si256(a, b); }
-    static Register Select16(Mask16 mask, Register a, Register b) { return _mm256_blendv_epi8(b, a, mask); }
+    static bool AnyMask32(Mask32 mask) { return HasBits(mask); }
     static Register Select32(Mask32 mask, Register a, Register b) { return _mm256_blendv_epi8(b, a, mask); }
 
     static Register WithFourthBytesOf(Register a, Register b) {
@@ -55,7 +64,11 @@ struct InstructionSet {
 
     static bool HasBits(Register a) { return _mm256_testz_si256(a, a) == 0; }
 
+    static Register MinBytes(Register a, Register b) { return _mm256_min_epu8(a, b); }
+    static Register MaxBytes(Register a, Register b) { return _mm256_max_epu8(a, b); }
+
     static Register Add32(Register a, Register b) { return _mm256_add_epi32(a, b); }
+    static Register Subtract32(Register a, Register b) { return _mm256_sub_epi32(a, b); }
     static Register Multiply32(Register a, Register b) { return _mm256_mullo_epi32(a, b); }
     static Mask32 Equal32(Register a, Register b) { return _mm256_cmpeq_epi32(a, b); }
     template <int bits> static Register ShiftLeft32(Register a) { return _mm256_slli_epi32(a, bits); }
@@ -65,11 +78,27 @@ struct InstructionSet {
     static Register Subtract16(Register a, Register b) { return _mm256_sub_epi16(a, b); }
     static Register Multiply16(Register a, Register b) { return _mm256_mullo_epi16(a, b); }
     static Register MultiplyHigh16(Register a, Register b) { return _mm256_mulhi_epu16(a, b); }
-    static Mask16 Equal16(Register a, Register b) { return _mm256_cmpeq_epi16(a, b); }
+    static Register AddSaturated16(Register a, Register b) { return _mm256_adds_epi16(a, b); }
+    static Register Signs16(Register a) { return _mm256_srai_epi16(a, 15); }
+    template <int bits> static Register ShiftLeft16(Register a) { return _mm256_slli_epi16(a, bits); }
+    static Register OneMoreUnlessLess16(Register count, Register a, Register b) {
+        return Add16(Add16(count, All16(1)), _mm256_cmpgt_epi16(b, a));
+    }
+    static Register PairSums16(Register a, Register b) { return _mm256_madd_epi16(a, b); }
+
+    static Register Quotients32(Register a, Register b) {
+        return _mm256_cvttps_epi32(_mm256_div_ps(_mm256_cvtepi32_ps(a), _mm256_cvtepi32_ps(b)));
+    }
 
     static Register WidenLow(Register a) { return _mm256_unpacklo_epi8(a, _mm256_setzero_si256()); }
     static Register WidenHigh(Register a) { return _mm256_unpackhi_epi8(a, _mm256_setzero_si256()); }
     static Register Narrow(Register low, Register high) { return _mm256_packus_epi16(low, high); }
+    static Register InterleaveLow16(Register a, Register b) { return _mm256_unpacklo_epi16(a, b); }
+    static Register InterleaveHigh16(Register a, Register b) { return _mm256_unpackhi_epi16(a, b); }
+    static Register InterleaveLow32(Register a, Register b) { return _mm256_unpacklo_epi32(a, b); }
+    static Register InterleaveHigh32(Register a, Register b) { return _mm256_unpackhi_epi32(a, b); }
+    static Register Narrow32(Register low, Register high) { return _mm256_packs_epi32(low, high); }
+    static Register SpreadFourth32(Register a) { return _mm256_shuffle_epi32(a, 0xFF); }
     static Register SpreadAlpha(Register channels) {
         const Register lastChannel =
             _mm256_broadcastsi128_si256(_mm_setr_epi8(6, 7, 6, 7, 6, 7, 6, 7, 14, 15, 14, 15, 14, 15, 14, 15));

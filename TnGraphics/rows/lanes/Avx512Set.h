@@ -9,7 +9,6 @@ namespace tn::avx512 {
 
 struct InstructionSet {
     using Register = __m512i;
-    using Mask16 = __mmask32;
     using Mask32 = __mmask16;
 
     static Register All16(std::uint16_t value) { return _mm512_set1_epi16(static_cast<short>(value)); }
@@ -26,10 +25,18 @@ struct InstructionSet {
     }
     static void StoreFirst(void* to, Register a, std::size_t count) { _mm512_mask_storeu_epi32(to, First(count), a); }
 
+    static Register LoadAlphas(const void* from) {
+        const __m128i bytes = _mm_loadu_si128(static_cast<const __m128i*>(from));
+        return _mm512_slli_epi32(_mm512_cvtepu8_epi32(bytes), 24);
+    }
+    static void StoreAlphas(void* to, Register a) {
+        _mm_storeu_si128(static_cast<__m128i*>(to), _mm512_cvtepi32_epi8(_mm512_srli_epi32(a, 24)));
+    }
+
     static Register And(Register a, Register b) { return _mm512_and_si512(a, b); }
     static Register Or(Register a, Register b) { return _mm512_or_si512(a, b); }
     static Mask32 OrMask32(Mask32 a, Mask32 b) { return static_cast<Mask32>(a | b); }
-    static Register Select16(Mask16 mask, Register a, Register b) { return _mm512_mask_blend_epi16(mask, b, a); }
+    static bool AnyMask32(Mask32 mask) { return mask != 0; }
     static Register Select32(Mask32 mask, Register a, Register b) { return _mm512_mask_blend_epi32(mask, b, a); }
 
     static Register WithFourthBytesOf(Register a, Register b) {
@@ -39,7 +46,11 @@ struct InstructionSet {
 
     static bool HasBits(Register a) { return _mm512_test_epi32_mask(a, a) != 0; }
 
+    static Register MinBytes(Register a, Register b) { return _mm512_min_epu8(a, b); }
+    static Register MaxBytes(Register a, Register b) { return _mm512_max_epu8(a, b); }
+
     static Register Add32(Register a, Register b) { return _mm512_add_epi32(a, b); }
+    static Register Subtract32(Register a, Register b) { return _mm512_sub_epi32(a, b); }
     static Register Multiply32(Register a, Register b) { return _mm512_mullo_epi32(a, b); }
     static Mask32 Equal32(Register a, Register b) { return _mm512_cmpeq_epi32_mask(a, b); }
     template <int bits> static Register ShiftLeft32(Register a) { return _mm512_slli_epi32(a, bits); }
@@ -49,11 +60,27 @@ struct InstructionSet {
     static Register Subtract16(Register a, Register b) { return _mm512_sub_epi16(a, b); }
     static Register Multiply16(Register a, Register b) { return _mm512_mullo_epi16(a, b); }
     static Register MultiplyHigh16(Register a, Register b) { return _mm512_mulhi_epu16(a, b); }
-    static Mask16 Equal16(Register a, Register b) { return _mm512_cmpeq_epi16_mask(a, b); }
+    static Register AddSaturated16(Register a, Register b) { return _mm512_adds_epi16(a, b); }
+    static Register Signs16(Register a) { return _mm512_srai_epi16(a, 15); }
+    template <int bits> static Register ShiftLeft16(Register a) { return _mm512_slli_epi16(a, bits); }
+    static Register OneMoreUnlessLess16(Register count, Register a, Register b) {
+        return _mm512_mask_add_epi16(count, _mm512_cmpge_epi16_mask(a, b), count, All16(1));
+    }
+    static Register PairSums16(Register a, Register b) { return _mm512_madd_epi16(a, b); }
+
+    static Register Quotients32(Register a, Register b) {
+        return _mm512_cvttps_epi32(_mm512_div_ps(_mm512_cvtepi32_ps(a), _mm512_cvtepi32_ps(b)));
+    }
 
     static Register WidenLow(Register a) { return _mm512_unpacklo_epi8(a, _mm512_setzero_si512()); }
     static Register WidenHigh(Register a) { return _mm512_unpackhi_epi8(a, _mm512_setzero_si512()); }
     static Register Narrow(Register low, Register high) { return _mm512_packus_epi16(low, high); }
+    static Register InterleaveLow16(Register a, Register b) { return _mm512_unpacklo_epi16(a, b); }
+    static Register InterleaveHigh16(Register a, Register b) { return _mm512_unpackhi_epi16(a, b); }
+    static Register InterleaveLow32(Register a, Register b) { return _mm512_unpacklo_epi32(a, b); }
+    static Register InterleaveHigh32(Register a, Register b) { return _mm512_unpackhi_epi32(a, b); }
+    static Register Narrow32(Register low, Register high) { return _mm512_packs_epi32(low, high); }
+    static Register SpreadFourth32(Register a) { return _mm512_shuffle_epi32(a, _MM_PERM_DDDD); }
     static Register SpreadAlpha(Register channels) {
         const Register lastChannel =
             _mm512_broadcast_i32x4(_mm_setr_epi8(6, 7, 6, 7, 6, 7, 6, 7, 14, 15, 14, 15, 14, 15, 14, 15));

@@ -3,13 +3,13 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <emmintrin.h>
 
 namespace tn::baseline {
 
 struct InstructionSet {
     using Register = __m128i;
-    using Mask16 = __m128i;
     using Mask32 = __m128i;
 
     static Register All16(std::uint16_t value) { return _mm_set1_epi16(static_cast<short>(value)); }
@@ -42,13 +42,26 @@ struct InstructionSet {
         }
     }
 
+    static Register LoadAlphas(const void* from) {
+        int bytes = 0;
+        std::memcpy(&bytes, from, sizeof(bytes));
+        const Register zero = _mm_setzero_si128();
+        return _mm_unpacklo_epi16(zero, _mm_unpacklo_epi8(zero, _mm_cvtsi32_si128(bytes)));
+    }
+    static void StoreAlphas(void* to, Register a) {
+        const Register alphas = _mm_srli_epi32(a, 24);
+        const Register shorts = _mm_packs_epi32(alphas, alphas);
+        const int bytes = _mm_cvtsi128_si32(_mm_packus_epi16(shorts, shorts));
+        std::memcpy(to, &bytes, sizeof(bytes));
+    }
+
     static Register And(Register a, Register b) { return _mm_and_si128(a, b); }
     static Register Or(Register a, Register b) { return _mm_or_si128(a, b); }
     static Mask32 OrMask32(Mask32 a, Mask32 b) { return _mm_or_si128(a, b); }
-    static Register Select16(Mask16 mask, Register a, Register b) {
+    static bool AnyMask32(Mask32 mask) { return _mm_movemask_epi8(mask) != 0; }
+    static Register Select32(Mask32 mask, Register a, Register b) {
         return _mm_or_si128(_mm_and_si128(mask, a), _mm_andnot_si128(mask, b));
     }
-    static Register Select32(Mask32 mask, Register a, Register b) { return Select16(mask, a, b); }
 
     static Register WithFourthBytesOf(Register a, Register b) {
         return Or(And(a, All32(0x00FFFFFF)), And(b, All32(0xFF000000)));
@@ -56,7 +69,11 @@ struct InstructionSet {
 
     static bool HasBits(Register a) { return _mm_movemask_epi8(_mm_cmpeq_epi32(a, _mm_setzero_si128())) != 0xFFFF; }
 
+    static Register MinBytes(Register a, Register b) { return _mm_min_epu8(a, b); }
+    static Register MaxBytes(Register a, Register b) { return _mm_max_epu8(a, b); }
+
     static Register Add32(Register a, Register b) { return _mm_add_epi32(a, b); }
+    static Register Subtract32(Register a, Register b) { return _mm_sub_epi32(a, b); }
     static Register Multiply32(Register a, Register b) {
         const __m128i even = _mm_mul_epu32(a, b);
         const __m128i odd = _mm_mul_epu32(_mm_srli_epi64(a, 32), _mm_srli_epi64(b, 32));
@@ -71,11 +88,27 @@ struct InstructionSet {
     static Register Subtract16(Register a, Register b) { return _mm_sub_epi16(a, b); }
     static Register Multiply16(Register a, Register b) { return _mm_mullo_epi16(a, b); }
     static Register MultiplyHigh16(Register a, Register b) { return _mm_mulhi_epu16(a, b); }
-    static Mask16 Equal16(Register a, Register b) { return _mm_cmpeq_epi16(a, b); }
+    static Register AddSaturated16(Register a, Register b) { return _mm_adds_epi16(a, b); }
+    static Register Signs16(Register a) { return _mm_srai_epi16(a, 15); }
+    template <int bits> static Register ShiftLeft16(Register a) { return _mm_slli_epi16(a, bits); }
+    static Register OneMoreUnlessLess16(Register count, Register a, Register b) {
+        return Add16(Add16(count, All16(1)), _mm_cmpgt_epi16(b, a));
+    }
+    static Register PairSums16(Register a, Register b) { return _mm_madd_epi16(a, b); }
+
+    static Register Quotients32(Register a, Register b) {
+        return _mm_cvttps_epi32(_mm_div_ps(_mm_cvtepi32_ps(a), _mm_cvtepi32_ps(b)));
+    }
 
     static Register WidenLow(Register a) { return _mm_unpacklo_epi8(a, _mm_setzero_si128()); }
     static Register WidenHigh(Register a) { return _mm_unpackhi_epi8(a, _mm_setzero_si128()); }
     static Register Narrow(Register low, Register high) { return _mm_packus_epi16(low, high); }
+    static Register InterleaveLow16(Register a, Register b) { return _mm_unpacklo_epi16(a, b); }
+    static Register InterleaveHigh16(Register a, Register b) { return _mm_unpackhi_epi16(a, b); }
+    static Register InterleaveLow32(Register a, Register b) { return _mm_unpacklo_epi32(a, b); }
+    static Register InterleaveHigh32(Register a, Register b) { return _mm_unpackhi_epi32(a, b); }
+    static Register Narrow32(Register low, Register high) { return _mm_packs_epi32(low, high); }
+    static Register SpreadFourth32(Register a) { return _mm_shuffle_epi32(a, 0xFF); }
     static Register SpreadAlpha(Register channels) {
         constexpr int kFourth = _MM_SHUFFLE(3, 3, 3, 3);
         return _mm_shufflehi_epi16(_mm_shufflelo_epi16(channels, kFourth), kFourth);

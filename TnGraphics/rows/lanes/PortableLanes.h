@@ -2,7 +2,9 @@
 #pragma once
 
 #include "TnGraphics/port/TnImagePixel.h"
+#include "TnGraphics/port/TnMattePixel.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -20,6 +22,16 @@ struct Channels {
 
     /// One value in the alpha channel, 0 in the others.
     static constexpr Channels AlphaOnly(std::uint16_t value) { return {{0, 0, 0, value}}; }
+
+    /// The same four values in every pixel, the first in the lowest 16 bits.
+    static constexpr Channels Repeated(std::uint64_t four) {
+        Channels channels = {};
+        for (std::uint16_t& channel : channels.values) {
+            channel = four & 0xFFFFU;
+            four >>= 16;
+        }
+        return channels;
+    }
 
     /// The channels of one pixel.
     static constexpr Channels All(std::uint32_t word) {
@@ -56,35 +68,72 @@ constexpr Channels operator|(const Channels& a, const Channels& b) {
     return ForEach(a, b, [](std::uint32_t x, std::uint32_t y) { return x | y; });
 }
 
-/// All ones where the channels are equal, 0 elsewhere.
-constexpr Channels operator==(const Channels& a, const Channels& b) {
-    return ForEach(a, b, [](std::uint32_t x, std::uint32_t y) { return x == y ? 0xFFFFU : 0U; });
-}
-
-/// The channels of a where the mask is all ones, those of b where it is 0.
-constexpr Channels Select(const Channels& mask, const Channels& a, const Channels& b) {
-    const Channels fromA = ForEach(mask, a, [](std::uint32_t m, std::uint32_t x) { return m & x; });
-    return fromA | ForEach(mask, b, [](std::uint32_t m, std::uint32_t x) { return ~m & x; });
-}
-
 /// Each channel, which is below 65535, divided by 255 and truncated.
 constexpr Channels DividedBy255(const Channels& channels) {
     return ForEach(channels, channels, [](std::uint32_t x, std::uint32_t) { return x / 255; });
 }
 
-/// One pixel as a 32-bit word. Arithmetic is modulo 2^32.
+/// The channels of a pixel in 32 bits.
+struct Sums {
+    std::array<std::uint32_t, 4> values;
+
+    /// a x weight + b x (256 - weight), for weights up to 256.
+    static constexpr Sums Weighted(const Channels& a, const Channels& b, std::uint16_t weight) {
+        Sums sums = {};
+        for (std::size_t i = 0; i < sums.values.size(); ++i) {
+            sums.values[i] = std::uint32_t{a.values[i]} * weight + std::uint32_t{b.values[i]} * (256U - weight);
+        }
+        return sums;
+    }
+
+    /// The upper 16 bits of each.
+    constexpr Channels UpperHalves() const {
+        Channels channels = {};
+        for (std::size_t i = 0; i < values.size(); ++i) {
+            channels.values[i] = static_cast<std::uint16_t>(values[i] >> 16);
+        }
+        return channels;
+    }
+
+    /// Each, divided by the fourth and truncated, where all are below 2^24 and the quotients below 256; 0 as divisor
+    /// counts as 1.
+    constexpr Channels DividedByFourth() const {
+        Channels channels = {};
+        for (std::size_t i = 0; i < values.size(); ++i) {
+            channels.values[i] = static_cast<std::uint16_t>(values[i] / std::max(values[3], 1U));
+        }
+        return channels;
+    }
+};
+
+/// Where pixels are as asked.
+struct PixelMask {
+    bool mask;
+
+    /// True when there is such a pixel.
+    constexpr bool Any() const { return mask; }
+};
+
+constexpr PixelMask operator|(PixelMask a, PixelMask b) { return {a.mask || b.mask}; }
+
+/// One pixel as a 32-bit word. Arithmetic is modulo 2^32. A matte's pixel is the alpha of a word whose colour is 0.
 struct Pixels {
     using Channels = portable::Channels;
+    using Sums = portable::Sums;
     static constexpr std::size_t kCount = 1;
 
     std::uint32_t word;
 
-    static constexpr Pixels All(std::uint32_t word) { return {word}; }        ///< One word in every pixel.
-    static constexpr Pixels Counting(std::uint32_t from) { return {from}; }   ///< from, from + 1, ...
-    static Pixels Load(const TnImagePixel* from) { return {from->value}; }    ///< kCount pixels.
-    void Store(TnImagePixel* to) const { to->value = word; }                  ///< kCount pixels.
-    static Pixels LoadFirst(const TnImagePixel*, std::size_t) { return {0}; } ///< Fewer than kCount pixels.
-    void StoreFirst(TnImagePixel*, std::size_t) const {}                      ///< Fewer than kCount pixels.
+    static constexpr Pixels All(std::uint32_t word) { return {word}; }      ///< One word in every pixel.
+    static constexpr Pixels Counting(std::uint32_t from) { return {from}; } ///< from, from + 1, ...
+
+    static Pixels Load(const TnImagePixel* from) { return {from->value}; } ///< kCount pixels.
+    static Pixels Load(const TnMattePixel* from) { return {std::uint32_t{from->value} << 24}; }
+    void Store(TnImagePixel* to) const { to->value = word; } ///< kCount pixels.
+    void Store(TnMattePixel* to) const { to->value = static_cast<std::uint8_t>(word >> 24); }
+
+    template <class Pixel> static Pixels LoadFirst(const Pixel*, std::size_t) { return {0}; } ///< Fewer than kCount.
+    template <class Pixel> void StoreFirst(Pixel*, std::size_t) const {}                      ///< Fewer than kCount.
 
     /// The pixels of channels that are at most 255.
     static constexpr Pixels Narrowed(const Channels& channels) {
@@ -94,6 +143,9 @@ struct Pixels {
 
     /// The channels of the pixels.
     constexpr Channels Widened() const { return Channels::All(word); }
+
+    /// The pixel's word, which is below 65536, in every channel.
+    constexpr Channels Spread() const { return Channels::All16(static_cast<std::uint16_t>(word)); }
 
     /// The colours of these pixels, the alphas of the others.
     constexpr Pixels WithAlphaOf(Pixels other) const { return {(word & 0x00FFFFFFU) | (other.word & 0xFF000000U)}; }
@@ -108,15 +160,54 @@ struct Pixels {
 constexpr Pixels operator&(Pixels a, Pixels b) { return {a.word & b.word}; }
 constexpr Pixels operator|(Pixels a, Pixels b) { return {a.word | b.word}; }
 constexpr Pixels operator+(Pixels a, Pixels b) { return {a.word + b.word}; }
+constexpr Pixels operator-(Pixels a, Pixels b) { return {a.word - b.word}; }
 constexpr Pixels operator*(Pixels a, Pixels b) { return {a.word * b.word}; }
 
-/// Where pixels are equal.
-struct PixelMask {
-    bool mask;
-};
-
-constexpr PixelMask operator|(PixelMask a, PixelMask b) { return {a.mask || b.mask}; }
 constexpr PixelMask operator==(Pixels a, Pixels b) { return {a.word == b.word}; }
 constexpr Pixels Select(PixelMask mask, Pixels a, Pixels b) { return mask.mask ? a : b; }
+
+template <class Function> constexpr Pixels ForEachByte(Pixels a, Pixels b, const Function& function) {
+    const Channels x = a.Widened();
+    return Pixels::Narrowed(ForEach(x, b.Widened(), function));
+}
+
+/// The smaller and the larger of each two bytes.
+constexpr Pixels MinBytes(Pixels a, Pixels b) {
+    return ForEachByte(a, b, [](std::uint32_t x, std::uint32_t y) { return std::min(x, y); });
+}
+constexpr Pixels MaxBytes(Pixels a, Pixels b) {
+    return ForEachByte(a, b, [](std::uint32_t x, std::uint32_t y) { return std::max(x, y); });
+}
+
+/// a x b for words and products below 65536.
+constexpr Pixels ShortProduct(Pixels a, Pixels b) { return {a.word * b.word}; }
+
+/// The sum of the products of the lower and of the upper halves, which are below 32768.
+constexpr Pixels PairSums(Pixels a, Pixels b) {
+    return {(a.word & 0xFFFFU) * (b.word & 0xFFFFU) + (a.word >> 16) * (b.word >> 16)};
+}
+
+/// The upper 16 bits of the product of two words below 65536.
+constexpr Pixels UpperProduct(Pixels a, Pixels b) { return {a.word * b.word >> 16}; }
+
+/// Each word, which is below 65535, divided by 255 and truncated.
+constexpr Pixels DividedBy255(Pixels words) { return {words.word / 255}; }
+
+/// ((channel x scale) >> 8) + offset for signed factors and offsets, stopped at 0 and 255.
+constexpr Pixels Rescaled(Pixels pixels, const Channels& scales, const Channels& offsets) {
+    const auto scaled = [](std::uint32_t x, std::uint32_t scale) {
+        return static_cast<std::uint32_t>((static_cast<std::int32_t>(x) * static_cast<std::int16_t>(scale)) >> 8);
+    };
+    const auto moved = [](std::uint32_t x, std::uint32_t offset) {
+        const std::int32_t sum = std::int32_t{static_cast<std::int16_t>(x)} + static_cast<std::int16_t>(offset);
+        return static_cast<std::uint32_t>(std::clamp(sum, 0, 255));
+    };
+    return Pixels::Narrowed(ForEach(ForEach(pixels.Widened(), scales, scaled), offsets, moved));
+}
+
+/// Each channel, divided by the pixel's divisor, 1 to 255, and truncated, where channels are at most 255 x divisor.
+constexpr Channels Divided(const Channels& channels, Pixels divisors) {
+    return ForEach(channels, divisors.Spread(), [](std::uint32_t x, std::uint32_t divisor) { return x / divisor; });
+}
 
 } // namespace tn::portable

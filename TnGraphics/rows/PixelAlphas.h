@@ -1,0 +1,23 @@
+// Private: what operators ask of the alphas of pixels in lanes.
+#pragma once
+
+#include <cstdint>
+
+namespace tn {
+
+inline constexpr std::uint32_t kAlphaBits = 0xFF000000;
+
+/// Where the alphas are 0.
+template <class Pixels> auto Transparent(Pixels pixels) { return (pixels & Pixels::All(kAlphaBits)) == Pixels::All(0); }
+
+/// True when every alpha is 0 or 255. These two, plus one modulo 256, have no bit above the lowest.
+template <class Pixels> bool HasHardAlphas(Pixels pixels) {
+    constexpr std::uint32_t kOne = 0x01000000;
+    return !((pixels + Pixels::All(kOne)) & Pixels::All(kAlphaBits & ~kOne)).HasBits();
+}
+
+/// The alphas as numbers, and back: an alpha over no colour.
+template <class Pixels> Pixels AlphaNumbers(Pixels pixels) { return pixels.template ShiftedRight<24>(); }
+template <class Pixels> Pixels AlphaPixels(Pixels numbers) { return numbers.template ShiftedLeft<24>(); }
+
+} // namespace tn
