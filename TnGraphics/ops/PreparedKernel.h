@@ -5,7 +5,6 @@
 #include "TnGraphics/ops/InStep.h"
 #include "TnGraphics/rows/RowKernels.h"
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -15,23 +14,13 @@ namespace tn {
 /// How many pixels stay in the first-level cache on their way from stage to stage.
 inline constexpr std::size_t kChunkPixels = 256;
 
-/// What remains of an alpha, whatever the opacity: the product keeps its low 32 bits, the quotient its low 8.
-constexpr std::uint8_t ScaledAlpha(std::uint8_t alpha, int opacity) {
-    const auto product = static_cast<std::int32_t>(alpha * static_cast<std::uint32_t>(opacity));
-    return static_cast<std::uint8_t>(product / 255);
-}
-
 /// A preparation with any opacity, pixel by pixel; kernels know those from 0 to 255.
 struct AnyPreparation {
     TnColorTransform transform;
-    int opacity;
+    int opacity = 255;
 
-    TnImagePixel operator()(TnImagePixel pixel) const {
-        pixel = ColorTransform(pixel, transform);
-        pixel.Alpha(ScaledAlpha(pixel.Alpha(), opacity));
-        return pixel;
-    }
-    TnMattePixel operator()(TnMattePixel pixel) const { return ScaledAlpha(pixel.Value(), opacity); }
+    TnImagePixel operator()(TnImagePixel pixel) const;
+    TnMattePixel operator()(TnMattePixel pixel) const;
 };
 
 /// Composites stretches of pixels.
@@ -59,15 +48,16 @@ public:
 
     /// Composites a row, in step where source and destination share memory.
     void CompositeRow(const Source* source, Destination* destination, std::size_t length) const {
-        const std::size_t step = MustGoInStep(source, destination, length) ? 1 : length;
-        for (std::size_t column = 0; column < length; column += step) {
-            Composite(source + column, destination + column, step);
+        if (wraps_ || MustGoInStep(source, destination, length)) [[unlikely]] {
+            CompositeWithCare(source, destination, length);
+        } else {
+            kernel_(source, destination, length, preparation_);
         }
     }
 
-    /// Composites pixels; where they share memory, none of the source is written before it is read.
+    /// Composites pixels from memory of their own.
     void Composite(const Source* source, Destination* destination, std::size_t length) const {
-        if (wraps_) {
+        if (wraps_) [[unlikely]] {
             CompositeWrapping(source, destination, length);
         } else {
             kernel_(source, destination, length, preparation_);
@@ -90,18 +80,13 @@ private:
         return four;
     }
 
-    void CompositeWrapping(const Source* source, Destination* destination, std::size_t length) const {
-        std::array<Source, kChunkPixels> chunk;
-        for (std::size_t column = 0; column < length; column += kChunkPixels) {
-            const std::size_t count = std::min(length - column, kChunkPixels);
-            std::transform(source + column, source + column + count, chunk.begin(), any_);
-            kernel_(chunk.data(), destination + column, count, preparation_);
-        }
-    }
+    // Rare, and kept out of the way of what is not.
+    void CompositeWithCare(const Source* source, Destination* destination, std::size_t length) const;
+    void CompositeWrapping(const Source* source, Destination* destination, std::size_t length) const;
 
     Kernel kernel_;
     Preparation preparation_;
-    AnyPreparation any_ = {};
+    AnyPreparation any_;
     bool wraps_ = false;
 };
 

@@ -30,13 +30,14 @@ private:
     };
 
     bool SharesMemory(const Neighborhood& rows, const TnImagePixel* destination, std::size_t length) const;
-    const TnImagePixel* Sample(const Neighborhood& rows, std::size_t column, std::size_t count);
+    void SampleAtLeftEdge(const Neighborhood& rows);
+    void Sample(const Neighborhood& rows, std::size_t column, std::size_t count);
 
     SamplingKernel sample_;
-    SubPixelSampler sampler_;
+    SubPixelWeights weights_;
     std::uint32_t rowBytes_;
     std::int32_t rowsDone_ = 0;
-    std::array<TnImagePixel, kChunkPixels> chunk_;
+    alignas(64) std::array<TnImagePixel, kChunkPixels> chunk_; // where stores of one stage and loads of the next meet
 };
 
 } // namespace tn

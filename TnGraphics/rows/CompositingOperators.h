@@ -21,7 +21,7 @@ template <class Pixels> struct Shares {
     Pixels total;  ///< n = w + sa, at most 255
 
     Shares(Pixels s, Pixels d)
-        : common(DividedBy255(ShortProduct(AlphaNumbers(s), AlphaNumbers(d)))), kept(AlphaNumbers(d) - common),
+        : common(DividedBy255(ShortProducts(AlphaNumbers(s), AlphaNumbers(d)))), kept(AlphaNumbers(d) - common),
           total(kept + AlphaNumbers(s)) {}
 
     /// Where there is nothing to mix.
@@ -30,8 +30,7 @@ template <class Pixels> struct Shares {
 
 /// (s x sa + d x w) / n for each colour channel; 0 where n is 0.
 template <class Pixels> Pixels Mixture(Pixels s, Pixels d, const Shares<Pixels>& shares) {
-    const auto source = s.Widened();
-    const auto sum = source * source.Alphas() + d.Widened() * shares.kept.Spread();
+    const auto sum = s.Widened() * s.Alphas() + d.Widened() * shares.kept.Spread();
     return Pixels::Narrowed(Divided(sum, MaxBytes(shares.total, Pixels::All(1))));
 }
 
@@ -42,14 +41,13 @@ struct EasyWhereHard {
 
 /// (s x sa + d x (255 - sa)) / 255, and sa + da - da x sa / 255.
 struct Blend : EasyWhereHard {
-    // Written as 255 d + (s - d) x sa, which modulo 65536 is the same sum and at most 255 x 255. The new alpha is that
-    // of a source 255 instead of sa, rounded up instead of down. No case needs to be told apart.
+    // The new alpha is what a source of 255 instead of sa would make of it, rounded up instead of down. No case needs
+    // to be told apart.
     template <class Pixels> Pixels operator()(Pixels s, Pixels d) const {
         using Channels = typename Pixels::Channels;
-        const Channels source = s.Widened();
-        const Channels destination = d.Widened();
-        const Channels opaque = source | Channels::AlphaOnly(255);
-        const Channels sum = destination * Channels::All16(255) + (opaque - destination) * source.Alphas();
+        const Channels opaque = (s | Pixels::All(kAlphaBits)).Widened();
+        const Channels alphas = s.Alphas();
+        const Channels sum = opaque * alphas + d.Widened() * (Channels::All16(255) - alphas);
         return Pixels::Narrowed(DividedBy255(sum + Channels::AlphaOnly(254)));
     }
 

@@ -35,7 +35,7 @@ struct CopyLumaToAlpha {
         const Pixels thousandths = PairSums(blueAndRed, Pixels::All(kLumaOfRed << 16 | kLumaOfBlue)) +
                                    PairSums(greenAndAlpha, Pixels::All(kLumaOfGreen));
         const Pixels luma =
-            UpperProduct(thousandths.template ShiftedRight<3>(), Pixels::All(33555)).template ShiftedRight<6>();
+            UpperProducts(thousandths.template ShiftedRight<3>(), Pixels::All(33555)).template ShiftedRight<6>();
         return d.WithAlphaOf(Pixels::All(kAlphaBits) - AlphaPixels(luma));
     }
 };

@@ -47,7 +47,7 @@ struct BlendBehind {
         using Channels = typename Pixels::Channels;
         const Channels source = Channels::All(color);
         const Channels destination = d.Widened();
-        const Channels sum = source * Channels::All16(255) + (destination - source) * destination.Alphas();
+        const Channels sum = source * Channels::All16(255) + (destination - source) * d.Alphas();
         return Pixels::Narrowed(DividedBy255(sum)).WithAlphaOf(d);
     }
 

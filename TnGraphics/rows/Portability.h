@@ -1,6 +1,9 @@
 // Private: what this compiler says in words of its own.
 #pragma once
 
+/// Before a function that must become part of its caller, so that what it is given stays in registers.
+#define TN_ALWAYS_INLINE [[gnu::always_inline]] inline
+
 namespace tn {
 
 inline bool ProcessorHasAvx2() {

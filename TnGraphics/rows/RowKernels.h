@@ -25,7 +25,7 @@ using CompositingKernel = void (*)(const Source* source, Destination* destinatio
 
 /// Writes to a row what lies amid the pixels of two source rows: amid pixels i and i + 1 of both for pixel i.
 using SamplingKernel = void (*)(const TnImagePixel* upper, const TnImagePixel* lower, TnImagePixel* row,
-                                std::size_t length, const SubPixelSampler& sampler);
+                                std::size_t length, const SubPixelWeights& weights);
 
 /// The kernel of a fill's operator.
 template <class Operator> struct Filling { RowKernel<Operator> kernel; };

@@ -1,6 +1,7 @@
 // Private: the loop of every row kernel, and the table of a level's kernels. Included by the level sources alone.
 #pragma once
 
+#include "TnGraphics/rows/Portability.h"
 #include "TnGraphics/rows/RowKernels.h"
 
 #include <cstddef>
@@ -10,38 +11,56 @@
 
 namespace tn {
 
-/// How far a row is done on the hard way before another look whether the easy one will do.
-inline constexpr std::size_t kPixelsBetweenLooks = 64;
+/// Does the last pixels of a row, fewer than a lane.
+template <class Pixels, class Row> TN_ALWAYS_INLINE void DoRest(const Row& row, std::size_t column, std::size_t count) {
+    using Narrower = typename Pixels::Narrower;
+    if constexpr (std::is_void_v<Narrower>) {
+        row.DoFirst(column, count);
+    } else {
+        const auto narrower = row.template Over<Narrower>();
+        if (count >= Narrower::kCount) {
+            narrower.Do(column);
+            column += Narrower::kCount;
+            count -= Narrower::kCount;
+        }
+        if (count > 0) {
+            narrower.DoFirst(column, count);
+        }
+    }
+}
 
 /// Does a row of pixels a full lane at a time, and the rest of it in a lane of which only the first pixels are read and
 /// written.
 ///
-/// \tparam Row does a lane: Do(column), DoFirst(column, count); where it knows an easy way, DoEasily(column) does the
-///             lane and returns true, or returns false and has done nothing
-template <class Pixels, class Row> void DoRow(const Row& row, std::size_t length) {
+/// \tparam Row does a lane: Do(column), and DoFirst(column, count) a part of one; where it knows an easy way,
+///             DoAndLook(column) does the lane and says whether that was easy; if not, the next kPixelsBetweenLooks are
+///             done without looking. Over<Lanes>() is the row in other lanes
+template <class Pixels, class Row> TN_ALWAYS_INLINE void DoRow(const Row& row, std::size_t length) {
     const std::size_t rest = length % Pixels::kCount;
     const std::size_t end = length - rest;
     std::size_t column = 0;
     while (column < end) {
         std::size_t look = end;
         if constexpr (Row::kHasEasyWay) {
-            while (column < end && row.DoEasily(column)) {
-                column += Pixels::kCount;
+            bool isEasy = true;
+            for (; column < end && isEasy; column += Pixels::kCount) {
+                isEasy = row.DoAndLook(column);
             }
-            look = end - column < kPixelsBetweenLooks ? end : column + kPixelsBetweenLooks;
+            look = end - column < Row::kPixelsBetweenLooks ? end : column + Row::kPixelsBetweenLooks;
         }
         for (; column < look; column += Pixels::kCount) {
             row.Do(column);
         }
     }
     if (rest > 0) {
-        row.DoFirst(end, rest);
+        DoRest<Pixels>(row, end, rest);
     }
 }
 
 /// A row that a fill's operator changes in place.
 template <class Pixels, class Operator> struct FilledRow {
     static constexpr bool kHasEasyWay = requires(Pixels d) { Operator::IsEasy(d); };
+    static constexpr std::size_t kPixelsBetweenLooks = 128;
 
     TnImagePixel* row;
     Operator op;
@@ -52,24 +71,27 @@ template <class Pixels, class Operator> struct FilledRow {
     void DoFirst(std::size_t column, std::size_t count) const {
         op(Pixels::LoadFirst(row + column, count), Columns(column)).StoreFirst(row + column, count);
     }
-    bool DoEasily(std::size_t column) const {
+    bool DoAndLook(std::size_t column) const {
         const Pixels d = Pixels::Load(row + column);
-        if (!Operator::IsEasy(d)) {
-            return false;
-        }
-        op.Easily(d, Columns(column)).Store(row + column);
-        return true;
+        const bool isEasy = Operator::IsEasy(d);
+        (isEasy ? op.Easily(d, Columns(column)) : op(d, Columns(column))).Store(row + column);
+        return isEasy;
     }
+
+    template <class Lanes> FilledRow<Lanes, Operator> Over() const { return {row, op}; }
 };
 
 /// A source row on its way into a destination row.
-template <class Pixels, class Prepare, class Operator, class Source, class Destination> struct CompositedRow {
+template <class Pixels, template <class> class Prepare, class Operator, class Source, class Destination>
+struct CompositedRow {
     static constexpr bool kHasEasyWay = requires(Pixels s) { Operator::IsEasy(s); };
+    static constexpr std::size_t kPixelsBetweenLooks = 128;
 
     const Source* source;
     Destination* destination;
-    Prepare prepare;
-    Operator op;
+    const Preparation* preparation;
+    Operator op = {};
+    Prepare<Pixels> prepare = Prepare<Pixels>(*preparation);
 
     void Do(std::size_t column) const {
         const Pixels s = prepare(Pixels::Load(source + column));
@@ -79,57 +101,45 @@ template <class Pixels, class Prepare, class Operator, class Source, class Desti
         const Pixels s = prepare(Pixels::LoadFirst(source + column, count));
         op(s, Pixels::LoadFirst(destination + column, count)).StoreFirst(destination + column, count);
     }
-    bool DoEasily(std::size_t column) const {
+    bool DoAndLook(std::size_t column) const {
         const Pixels s = prepare(Pixels::Load(source + column));
-        if (!Operator::IsEasy(s)) {
-            return false;
-        }
-        op.Easily(s, Pixels::Load(destination + column)).Store(destination + column);
-        return true;
+        const Pixels d = Pixels::Load(destination + column);
+        const bool isEasy = Operator::IsEasy(s);
+        (isEasy ? op.Easily(s, d) : op(s, d)).Store(destination + column);
+        return isEasy;
+    }
+
+    template <class Lanes> CompositedRow<Lanes, Prepare, Operator, Source, Destination> Over() const {
+        return {source, destination, preparation};
     }
 };
 
 /// A row sampled between two others.
 template <class Pixels> struct SampledRow {
-    static constexpr bool kHasEasyWay = true;
-    using Neighbors = SubPixelSampler::Neighbors<Pixels>;
+    static constexpr bool kHasEasyWay = false;
 
     const TnImagePixel* upper;
     const TnImagePixel* lower;
     TnImagePixel* row;
-    SubPixelSampler sampler;
+    SubPixelWeights weights;
+    SubPixelSampler<Pixels> sample = SubPixelSampler<Pixels>(upper, lower, weights);
 
-    Neighbors Load(std::size_t column) const {
-        return {Pixels::Load(upper + column), Pixels::Load(upper + column + 1), Pixels::Load(lower + column),
-                Pixels::Load(lower + column + 1)};
-    }
-    void Do(std::size_t column) const { sampler(Load(column)).Store(row + column); }
+    void Do(std::size_t column) const { sample(column).Store(row + column); }
     void DoFirst(std::size_t column, std::size_t count) const {
-        const Neighbors neighbors = {
-            Pixels::LoadFirst(upper + column, count), Pixels::LoadFirst(upper + column + 1, count),
-            Pixels::LoadFirst(lower + column, count), Pixels::LoadFirst(lower + column + 1, count)};
-        sampler(neighbors).StoreFirst(row + column, count);
+        sample.First(column, count).StoreFirst(row + column, count);
     }
-    bool DoEasily(std::size_t column) const {
-        const Neighbors neighbors = Load(column);
-        if (!SubPixelSampler::IsEasy(neighbors)) {
-            return false;
-        }
-        sampler.Easily(neighbors).Store(row + column);
-        return true;
-    }
-};
 
-// Rows hold copies of operators and settings, which stores to pixels cannot touch, so that these stay in registers.
+    template <class Lanes> SampledRow<Lanes> Over() const { return {upper, lower, row, weights}; }
+};
 
 template <class Pixels, class Operator> void FillRow(TnImagePixel* row, std::size_t length, const Operator& op) {
     DoRow<Pixels>(FilledRow<Pixels, Operator>{row, op}, length);
 }
 
-template <class Pixels, class Prepare, class Operator, class Source, class Destination>
+template <class Pixels, template <class> class Prepare, class Operator, class Source, class Destination>
 void CompositeRow(const Source* source, Destination* destination, std::size_t length, const Preparation& preparation) {
     using Row = CompositedRow<Pixels, Prepare, Operator, Source, Destination>;
-    DoRow<Pixels>(Row{source, destination, Prepare(preparation), {}}, length);
+    DoRow<Pixels>(Row{source, destination, &preparation}, length);
 }
 
 /// Nothing copies bytes faster than the C library.
@@ -140,8 +150,8 @@ void CopyRow(const Pixel* source, Pixel* destination, std::size_t length, const 
 
 template <class Pixels>
 void SampleRow(const TnImagePixel* upper, const TnImagePixel* lower, TnImagePixel* row, std::size_t length,
-               const SubPixelSampler& sampler) {
-    DoRow<Pixels>(SampledRow<Pixels>{upper, lower, row, sampler}, length);
+               const SubPixelWeights& weights) {
+    DoRow<Pixels>(SampledRow<Pixels>{upper, lower, row, weights}, length);
 }
 
 /// The kernels of one entry of the table.
@@ -154,7 +164,7 @@ template <class Pixels, class Operator> struct KernelsOver<Pixels, Filling<Opera
 template <class Pixels, class Operator, class Source, class Destination>
 struct KernelsOver<Pixels, Copying<Operator, Source, Destination>> {
     static constexpr Copying<Operator, Source, Destination> kKernels = {
-        &CompositeRow<Pixels, AsItIs<Pixels>, Operator, Source, Destination>};
+        &CompositeRow<Pixels, AsItIs, Operator, Source, Destination>};
 };
 
 template <class Pixels, class Pixel> struct KernelsOver<Pixels, Copying<CopyPixel, Pixel, Pixel>> {
@@ -165,14 +175,14 @@ template <class Pixels, class Operator, class Source, class Destination>
 struct KernelsOver<Pixels, Compositing<Operator, Source, Destination>> {
     // A matte has no colour, so a colour matrix leaves it alone.
     static constexpr bool kHasColor = std::is_same_v<Source, TnImagePixel>;
-    using Matrix = std::conditional_t<kHasColor, ByMatrix<Pixels>, AsItIs<Pixels>>;
-    using Both = std::conditional_t<kHasColor, ByMatrixAndOpacity<Pixels>, ByOpacity<Pixels>>;
+
+    template <template <class> class Prepare>
+    static constexpr auto kKernel = &CompositeRow<Pixels, Prepare, Operator, Source, Destination>;
 
     static constexpr Compositing<Operator, Source, Destination> kKernels = {
         {KernelsOver<Pixels, Copying<Operator, Source, Destination>>::kKernels.kernel,
-         &CompositeRow<Pixels, Matrix, Operator, Source, Destination>,
-         &CompositeRow<Pixels, ByOpacity<Pixels>, Operator, Source, Destination>,
-         &CompositeRow<Pixels, Both, Operator, Source, Destination>}};
+         kHasColor ? kKernel<ByMatrix> : kKernel<AsItIs>, kKernel<ByOpacity>,
+         kHasColor ? kKernel<ByMatrixAndOpacity> : kKernel<ByOpacity>}};
 };
 
 template <class Pixels> struct KernelsOver<Pixels, Sampling> {

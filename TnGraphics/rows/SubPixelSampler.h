@@ -1,57 +1,90 @@
 // Private: what lies between the pixels of an image.
 #pragma once
 
+#include "TnGraphics/port/TnImagePixel.h"
 #include "TnGraphics/rows/PixelAlphas.h"
 
+#include <cstddef>
 #include <cstdint>
 
 namespace tn {
 
-/// Samples amid four neighbouring pixels by the weights of the right and of the lower ones, 0 to 256 each.
+/// The weights of the right and of the lower ones of four neighbouring pixels, 0 to 256 each. A left one has 256 less
+/// that of the right, and likewise an upper one; a pixel weighs the product of both.
+struct SubPixelWeights {
+    std::uint32_t right;
+    std::uint32_t lower;
+};
+
+/// Samples amid the pixels of two rows: amid pixels i and i + 1 of both for pixel i.
 ///
 /// Transparent pixels take no part in the colour, which the visible ones share by their weights, but they do in the
 /// alpha. Where nothing visible has a weight, all channels are 0.
-struct SubPixelSampler {
-    std::uint16_t right;
-    std::uint16_t lower;
+template <class Pixels> class SubPixelSampler {
+public:
+    struct Neighbors {
+        Pixels upperLeft, upperRight, lowerLeft, lowerRight;
+    };
 
-    template <class Pixels> struct Neighbors { Pixels upperLeft, upperRight, lowerLeft, lowerRight; };
+    // Lanes take weights of a byte across. Where one pixel has all the weight, the other one is replaced by it.
+    SubPixelSampler(const TnImagePixel* upper, const TnImagePixel* lower, const SubPixelWeights& weights)
+        : upper_(upper), lower_(lower), left_(weights.right == 256 ? 1 : 0), right_(weights.right == 0 ? 0 : 1),
+          weights_(left_ == right_ ? 128 : weights.right, weights.lower) {}
 
-    /// Sums of channel times weight, 65536 being the weights' sum; at most 255 x 65536.
-    template <class Pixels> typename Pixels::Sums WeightedSums(const Neighbors<Pixels>& pixels) const {
-        return Pixels::Sums::Weighted(Across(pixels.lowerLeft, pixels.lowerRight),
-                                      Across(pixels.upperLeft, pixels.upperRight), lower);
+    /// The pixels from the column on.
+    Pixels operator()(std::size_t column) const {
+        const TnImagePixel* const upper = upper_ + column;
+        const TnImagePixel* const lower = lower_ + column;
+        return Sample({Pixels::Load(upper + left_), Pixels::Load(upper + right_), Pixels::Load(lower + left_),
+                       Pixels::Load(lower + right_)});
     }
 
-    template <class Pixels> Pixels operator()(const Neighbors<Pixels>& pixels) const {
-        const Neighbors<Pixels> colors = {CountedColor(pixels.upperLeft), CountedColor(pixels.upperRight),
-                                          CountedColor(pixels.lowerLeft), CountedColor(pixels.lowerRight)};
-        return Pixels::Narrowed(WeightedSums(colors).DividedByFourth()).WithAlphaOf(Easily(pixels));
+    /// The first of them.
+    Pixels First(std::size_t column, std::size_t count) const {
+        const TnImagePixel* const upper = upper_ + column;
+        const TnImagePixel* const lower = lower_ + column;
+        return Sample({Pixels::LoadFirst(upper + left_, count), Pixels::LoadFirst(upper + right_, count),
+                       Pixels::LoadFirst(lower + left_, count), Pixels::LoadFirst(lower + right_, count)});
     }
 
-    /// Where no pixel is transparent the weights need no sum.
-    template <class Pixels> static bool IsEasy(const Neighbors<Pixels>& pixels) {
+private:
+    using Sums = typename Pixels::Sums;
+
+    Pixels Sample(const Neighbors& pixels) const {
+        if (AreVisible(pixels)) {
+            return Sums(pixels, weights_).UpperHalves();
+        }
+        if (AreTransparent(pixels)) {
+            return Pixels::All(0);
+        }
+        const Neighbors colors = {CountedColor(pixels.upperLeft), CountedColor(pixels.upperRight),
+                                  CountedColor(pixels.lowerLeft), CountedColor(pixels.lowerRight)};
+        return Sums(colors, weights_).DividedByFourth().WithAlphaOf(Sums(pixels, weights_).UpperHalves());
+    }
+
+    /// True when all of them in all lanes are visible; then weights need no sum.
+    static bool AreVisible(const Neighbors& pixels) {
         const Pixels upper = MinBytes(pixels.upperLeft, pixels.upperRight);
         return !Transparent(MinBytes(upper, MinBytes(pixels.lowerLeft, pixels.lowerRight))).Any();
     }
 
-    template <class Pixels> Pixels Easily(const Neighbors<Pixels>& pixels) const {
-        return Pixels::Narrowed(WeightedSums(pixels).UpperHalves());
-    }
-
-private:
-    template <class Pixels> typename Pixels::Channels Across(Pixels leftPixels, Pixels rightPixels) const {
-        using Channels = typename Pixels::Channels;
-        const Channels left = Channels::All16(static_cast<std::uint16_t>(256U - right));
-        return leftPixels.Widened() * left + rightPixels.Widened() * Channels::All16(right);
+    static bool AreTransparent(const Neighbors& pixels) {
+        const Pixels any = pixels.upperLeft | pixels.upperRight | pixels.lowerLeft | pixels.lowerRight;
+        return !(any & Pixels::All(kAlphaBits)).HasBits();
     }
 
     /// The colour with 1 as fourth channel, so that its sum is that of the visible weights; nothing when transparent.
-    template <class Pixels> static Pixels CountedColor(Pixels pixels) {
+    static Pixels CountedColor(Pixels pixels) {
         constexpr std::uint32_t kOne = 0x01000000;
         const Pixels counted = (pixels & Pixels::All(~kAlphaBits)) | Pixels::All(kOne);
         return Select(Transparent(pixels), Pixels::All(0), counted);
     }
+
+    const TnImagePixel* upper_;
+    const TnImagePixel* lower_;
+    std::size_t left_;
+    std::size_t right_;
+    typename Sums::Weights weights_;
 };
 
 } // namespace tn

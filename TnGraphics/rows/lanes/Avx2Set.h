@@ -1,13 +1,14 @@
-// Private: the instructions of the AVX2 level. Included by that level's source alone.
+// Private: the instructions of the AVX2 level. Included by the sources of that level and of those above it alone.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <immintrin.h>
 
-namespace tn::avx2 {
+namespace tn {
 
-struct InstructionSet {
+/// AVX2 as it is compiled for a level, each of which has functions of its own.
+template <class Level> struct Avx2Instructions {
     using Register = __m256i;
     using Mask32 = __m256i;
 
@@ -54,6 +55,7 @@ struct InstructionSet {
 
     static Register And(Register a, Register b) { return _mm256_and_si256(a, b); }
     static Register Or(Register a, Register b) { return _mm256_or_si256(a, b); }
+    static Register Xor(Register a, Register b) { return _mm256_xor_si256(a, b); }
     static Mask32 OrMask32(Mask32 a, Mask32 b) { return _mm256_or_si256(a, b); }
     static bool AnyMask32(Mask32 mask) { return HasBits(mask); }
     static Register Select32(Mask32 mask, Register a, Register b) { return _mm256_blendv_epi8(b, a, mask); }
@@ -74,16 +76,18 @@ struct InstructionSet {
     template <int bits> static Register ShiftLeft32(Register a) { return _mm256_slli_epi32(a, bits); }
     template <int bits> static Register ShiftRight32(Register a) { return _mm256_srli_epi32(a, bits); }
 
+    template <int bits> static Register ShiftRightSigned32(Register a) { return _mm256_srai_epi32(a, bits); }
+
     static Register Add16(Register a, Register b) { return _mm256_add_epi16(a, b); }
     static Register Subtract16(Register a, Register b) { return _mm256_sub_epi16(a, b); }
     static Register Multiply16(Register a, Register b) { return _mm256_mullo_epi16(a, b); }
     static Register MultiplyHigh16(Register a, Register b) { return _mm256_mulhi_epu16(a, b); }
     static Register AddSaturated16(Register a, Register b) { return _mm256_adds_epi16(a, b); }
     static Register Signs16(Register a) { return _mm256_srai_epi16(a, 15); }
-    template <int bits> static Register ShiftLeft16(Register a) { return _mm256_slli_epi16(a, bits); }
     static Register OneMoreUnlessLess16(Register count, Register a, Register b) {
         return Add16(Add16(count, All16(1)), _mm256_cmpgt_epi16(b, a));
     }
+    static Register WeightedPairs8(Register weights, Register pairs) { return _mm256_maddubs_epi16(weights, pairs); }
     static Register PairSums16(Register a, Register b) { return _mm256_madd_epi16(a, b); }
 
     static Register Quotients32(Register a, Register b) {
@@ -93,17 +97,31 @@ struct InstructionSet {
     static Register WidenLow(Register a) { return _mm256_unpacklo_epi8(a, _mm256_setzero_si256()); }
     static Register WidenHigh(Register a) { return _mm256_unpackhi_epi8(a, _mm256_setzero_si256()); }
     static Register Narrow(Register low, Register high) { return _mm256_packus_epi16(low, high); }
+    static Register InterleaveLow8(Register a, Register b) { return _mm256_unpacklo_epi8(a, b); }
+    static Register InterleaveHigh8(Register a, Register b) { return _mm256_unpackhi_epi8(a, b); }
     static Register InterleaveLow16(Register a, Register b) { return _mm256_unpacklo_epi16(a, b); }
     static Register InterleaveHigh16(Register a, Register b) { return _mm256_unpackhi_epi16(a, b); }
     static Register InterleaveLow32(Register a, Register b) { return _mm256_unpacklo_epi32(a, b); }
     static Register InterleaveHigh32(Register a, Register b) { return _mm256_unpackhi_epi32(a, b); }
+    static Register NarrowSigned(Register low, Register high) { return _mm256_packs_epi16(low, high); }
     static Register Narrow32(Register low, Register high) { return _mm256_packs_epi32(low, high); }
     static Register SpreadFourth32(Register a) { return _mm256_shuffle_epi32(a, 0xFF); }
-    static Register SpreadAlpha(Register channels) {
-        const Register lastChannel =
-            _mm256_broadcastsi128_si256(_mm_setr_epi8(6, 7, 6, 7, 6, 7, 6, 7, 14, 15, 14, 15, 14, 15, 14, 15));
-        return _mm256_shuffle_epi8(channels, lastChannel);
+    static Register SpreadAlphaLow(Register a) { return _mm256_shuffle_epi8(a, AlphasOfTwo(3)); }
+    static Register SpreadAlphaHigh(Register a) { return _mm256_shuffle_epi8(a, AlphasOfTwo(11)); }
+
+private:
+    // In each 128 bits the alphas of two pixels, the first of them in the given byte, as 16-bit numbers.
+    static Register AlphasOfTwo(std::uint8_t first) {
+        const std::uint64_t channel = 0x80U << 8 | first; // 0x80 gives 0
+        const std::uint64_t pixel = channel * 0x0001000100010001;
+        return _mm256_broadcastsi128_si256(
+            _mm_set_epi64x(static_cast<long long>(pixel + 0x0004000400040004), static_cast<long long>(pixel)));
     }
 };
 
-} // namespace tn::avx2
+namespace avx2 {
+struct Level;
+using InstructionSet = Avx2Instructions<Level>;
+} // namespace avx2
+
+} // namespace tn

@@ -1,15 +1,22 @@
 // Private: the instructions of the AVX-512 level. Included by that level's source alone.
 #pragma once
 
+#include "TnGraphics/rows/lanes/Avx2Set.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <immintrin.h>
 
 namespace tn::avx512 {
 
+struct Level;
+
 struct InstructionSet {
     using Register = __m512i;
     using Mask32 = __mmask16;
+
+    /// Masked stores reach into the next row as far as the processor can tell, and loads from there wait for them.
+    using Narrower = Avx2Instructions<Level>;
 
     static Register All16(std::uint16_t value) { return _mm512_set1_epi16(static_cast<short>(value)); }
     static Register All32(std::uint32_t value) { return _mm512_set1_epi32(static_cast<int>(value)); }
@@ -18,12 +25,6 @@ struct InstructionSet {
 
     static Register Load(const void* from) { return _mm512_loadu_si512(from); }
     static void Store(void* to, Register a) { _mm512_storeu_si512(to, a); }
-
-    // One to fifteen words.
-    static Register LoadFirst(const void* from, std::size_t count) {
-        return _mm512_maskz_loadu_epi32(First(count), from);
-    }
-    static void StoreFirst(void* to, Register a, std::size_t count) { _mm512_mask_storeu_epi32(to, First(count), a); }
 
     static Register LoadAlphas(const void* from) {
         const __m128i bytes = _mm_loadu_si128(static_cast<const __m128i*>(from));
@@ -35,6 +36,7 @@ struct InstructionSet {
 
     static Register And(Register a, Register b) { return _mm512_and_si512(a, b); }
     static Register Or(Register a, Register b) { return _mm512_or_si512(a, b); }
+    static Register Xor(Register a, Register b) { return _mm512_xor_si512(a, b); }
     static Mask32 OrMask32(Mask32 a, Mask32 b) { return static_cast<Mask32>(a | b); }
     static bool AnyMask32(Mask32 mask) { return mask != 0; }
     static Register Select32(Mask32 mask, Register a, Register b) { return _mm512_mask_blend_epi32(mask, b, a); }
@@ -56,16 +58,18 @@ struct InstructionSet {
     template <int bits> static Register ShiftLeft32(Register a) { return _mm512_slli_epi32(a, bits); }
     template <int bits> static Register ShiftRight32(Register a) { return _mm512_srli_epi32(a, bits); }
 
+    template <int bits> static Register ShiftRightSigned32(Register a) { return _mm512_srai_epi32(a, bits); }
+
     static Register Add16(Register a, Register b) { return _mm512_add_epi16(a, b); }
     static Register Subtract16(Register a, Register b) { return _mm512_sub_epi16(a, b); }
     static Register Multiply16(Register a, Register b) { return _mm512_mullo_epi16(a, b); }
     static Register MultiplyHigh16(Register a, Register b) { return _mm512_mulhi_epu16(a, b); }
     static Register AddSaturated16(Register a, Register b) { return _mm512_adds_epi16(a, b); }
     static Register Signs16(Register a) { return _mm512_srai_epi16(a, 15); }
-    template <int bits> static Register ShiftLeft16(Register a) { return _mm512_slli_epi16(a, bits); }
     static Register OneMoreUnlessLess16(Register count, Register a, Register b) {
         return _mm512_mask_add_epi16(count, _mm512_cmpge_epi16_mask(a, b), count, All16(1));
     }
+    static Register WeightedPairs8(Register weights, Register pairs) { return _mm512_maddubs_epi16(weights, pairs); }
     static Register PairSums16(Register a, Register b) { return _mm512_madd_epi16(a, b); }
 
     static Register Quotients32(Register a, Register b) {
@@ -75,20 +79,26 @@ struct InstructionSet {
     static Register WidenLow(Register a) { return _mm512_unpacklo_epi8(a, _mm512_setzero_si512()); }
     static Register WidenHigh(Register a) { return _mm512_unpackhi_epi8(a, _mm512_setzero_si512()); }
     static Register Narrow(Register low, Register high) { return _mm512_packus_epi16(low, high); }
+    static Register InterleaveLow8(Register a, Register b) { return _mm512_unpacklo_epi8(a, b); }
+    static Register InterleaveHigh8(Register a, Register b) { return _mm512_unpackhi_epi8(a, b); }
     static Register InterleaveLow16(Register a, Register b) { return _mm512_unpacklo_epi16(a, b); }
     static Register InterleaveHigh16(Register a, Register b) { return _mm512_unpackhi_epi16(a, b); }
     static Register InterleaveLow32(Register a, Register b) { return _mm512_unpacklo_epi32(a, b); }
     static Register InterleaveHigh32(Register a, Register b) { return _mm512_unpackhi_epi32(a, b); }
+    static Register NarrowSigned(Register low, Register high) { return _mm512_packs_epi16(low, high); }
     static Register Narrow32(Register low, Register high) { return _mm512_packs_epi32(low, high); }
     static Register SpreadFourth32(Register a) { return _mm512_shuffle_epi32(a, _MM_PERM_DDDD); }
-    static Register SpreadAlpha(Register channels) {
-        const Register lastChannel =
-            _mm512_broadcast_i32x4(_mm_setr_epi8(6, 7, 6, 7, 6, 7, 6, 7, 14, 15, 14, 15, 14, 15, 14, 15));
-        return _mm512_shuffle_epi8(channels, lastChannel);
-    }
+    static Register SpreadAlphaLow(Register a) { return _mm512_shuffle_epi8(a, AlphasOfTwo(3)); }
+    static Register SpreadAlphaHigh(Register a) { return _mm512_shuffle_epi8(a, AlphasOfTwo(11)); }
 
 private:
-    static __mmask16 First(std::size_t count) { return static_cast<__mmask16>((1U << count) - 1U); }
+    // In each 128 bits the alphas of two pixels, the first of them in the given byte, as 16-bit numbers.
+    static Register AlphasOfTwo(std::uint8_t first) {
+        const std::uint64_t channel = 0x80U << 8 | first; // 0x80 gives 0
+        const std::uint64_t pixel = channel * 0x0001000100010001;
+        return _mm512_broadcast_i32x4(
+            _mm_set_epi64x(static_cast<long long>(pixel + 0x0004000400040004), static_cast<long long>(pixel)));
+    }
 };
 
 } // namespace tn::avx512

@@ -57,6 +57,7 @@ struct InstructionSet {
 
     static Register And(Register a, Register b) { return _mm_and_si128(a, b); }
     static Register Or(Register a, Register b) { return _mm_or_si128(a, b); }
+    static Register Xor(Register a, Register b) { return _mm_xor_si128(a, b); }
     static Mask32 OrMask32(Mask32 a, Mask32 b) { return _mm_or_si128(a, b); }
     static bool AnyMask32(Mask32 mask) { return _mm_movemask_epi8(mask) != 0; }
     static Register Select32(Mask32 mask, Register a, Register b) {
@@ -84,15 +85,22 @@ struct InstructionSet {
     template <int bits> static Register ShiftLeft32(Register a) { return _mm_slli_epi32(a, bits); }
     template <int bits> static Register ShiftRight32(Register a) { return _mm_srli_epi32(a, bits); }
 
+    template <int bits> static Register ShiftRightSigned32(Register a) { return _mm_srai_epi32(a, bits); }
+
     static Register Add16(Register a, Register b) { return _mm_add_epi16(a, b); }
     static Register Subtract16(Register a, Register b) { return _mm_sub_epi16(a, b); }
     static Register Multiply16(Register a, Register b) { return _mm_mullo_epi16(a, b); }
     static Register MultiplyHigh16(Register a, Register b) { return _mm_mulhi_epu16(a, b); }
     static Register AddSaturated16(Register a, Register b) { return _mm_adds_epi16(a, b); }
     static Register Signs16(Register a) { return _mm_srai_epi16(a, 15); }
-    template <int bits> static Register ShiftLeft16(Register a) { return _mm_slli_epi16(a, bits); }
     static Register OneMoreUnlessLess16(Register count, Register a, Register b) {
         return Add16(Add16(count, All16(1)), _mm_cmpgt_epi16(b, a));
+    }
+    static Register WeightedPairs8(Register weights, Register pairs) {
+        const Register first = _mm_srai_epi16(_mm_slli_epi16(pairs, 8), 8);
+        const Register second = _mm_srai_epi16(pairs, 8);
+        const Register firstWeights = _mm_and_si128(weights, All16(255));
+        return Add16(Multiply16(first, firstWeights), Multiply16(second, _mm_srli_epi16(weights, 8)));
     }
     static Register PairSums16(Register a, Register b) { return _mm_madd_epi16(a, b); }
 
@@ -103,15 +111,22 @@ struct InstructionSet {
     static Register WidenLow(Register a) { return _mm_unpacklo_epi8(a, _mm_setzero_si128()); }
     static Register WidenHigh(Register a) { return _mm_unpackhi_epi8(a, _mm_setzero_si128()); }
     static Register Narrow(Register low, Register high) { return _mm_packus_epi16(low, high); }
+    static Register InterleaveLow8(Register a, Register b) { return _mm_unpacklo_epi8(a, b); }
+    static Register InterleaveHigh8(Register a, Register b) { return _mm_unpackhi_epi8(a, b); }
     static Register InterleaveLow16(Register a, Register b) { return _mm_unpacklo_epi16(a, b); }
     static Register InterleaveHigh16(Register a, Register b) { return _mm_unpackhi_epi16(a, b); }
     static Register InterleaveLow32(Register a, Register b) { return _mm_unpacklo_epi32(a, b); }
     static Register InterleaveHigh32(Register a, Register b) { return _mm_unpackhi_epi32(a, b); }
+    static Register NarrowSigned(Register low, Register high) { return _mm_packs_epi16(low, high); }
     static Register Narrow32(Register low, Register high) { return _mm_packs_epi32(low, high); }
     static Register SpreadFourth32(Register a) { return _mm_shuffle_epi32(a, 0xFF); }
-    static Register SpreadAlpha(Register channels) {
+    static Register SpreadAlphaLow(Register a) { return SpreadFourth16(WidenLow(a)); }
+    static Register SpreadAlphaHigh(Register a) { return SpreadFourth16(WidenHigh(a)); }
+
+private:
+    static Register SpreadFourth16(Register a) {
         constexpr int kFourth = _MM_SHUFFLE(3, 3, 3, 3);
-        return _mm_shufflehi_epi16(_mm_shufflelo_epi16(channels, kFourth), kFourth);
+        return _mm_shufflehi_epi16(_mm_shufflelo_epi16(a, kFourth), kFourth);
     }
 };
 

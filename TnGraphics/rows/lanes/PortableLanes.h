@@ -13,8 +13,6 @@ namespace tn::portable {
 
 /// The four channels of a pixel, widened to 16 bits: blue, green, red, alpha. Arithmetic is modulo 65536.
 struct Channels {
-    static constexpr std::size_t kAlpha = 3;
-
     std::array<std::uint16_t, 4> values;
 
     /// One value in every channel.
@@ -42,9 +40,6 @@ struct Channels {
         }
         return channels;
     }
-
-    /// The pixel's alpha in every channel.
-    constexpr Channels Alphas() const { return All16(values[kAlpha]); }
 };
 
 template <class Function> constexpr Channels ForEach(const Channels& a, const Channels& b, const Function& function) {
@@ -73,39 +68,6 @@ constexpr Channels DividedBy255(const Channels& channels) {
     return ForEach(channels, channels, [](std::uint32_t x, std::uint32_t) { return x / 255; });
 }
 
-/// The channels of a pixel in 32 bits.
-struct Sums {
-    std::array<std::uint32_t, 4> values;
-
-    /// a x weight + b x (256 - weight), for weights up to 256.
-    static constexpr Sums Weighted(const Channels& a, const Channels& b, std::uint16_t weight) {
-        Sums sums = {};
-        for (std::size_t i = 0; i < sums.values.size(); ++i) {
-            sums.values[i] = std::uint32_t{a.values[i]} * weight + std::uint32_t{b.values[i]} * (256U - weight);
-        }
-        return sums;
-    }
-
-    /// The upper 16 bits of each.
-    constexpr Channels UpperHalves() const {
-        Channels channels = {};
-        for (std::size_t i = 0; i < values.size(); ++i) {
-            channels.values[i] = static_cast<std::uint16_t>(values[i] >> 16);
-        }
-        return channels;
-    }
-
-    /// Each, divided by the fourth and truncated, where all are below 2^24 and the quotients below 256; 0 as divisor
-    /// counts as 1.
-    constexpr Channels DividedByFourth() const {
-        Channels channels = {};
-        for (std::size_t i = 0; i < values.size(); ++i) {
-            channels.values[i] = static_cast<std::uint16_t>(values[i] / std::max(values[3], 1U));
-        }
-        return channels;
-    }
-};
-
 /// Where pixels are as asked.
 struct PixelMask {
     bool mask;
@@ -119,7 +81,8 @@ constexpr PixelMask operator|(PixelMask a, PixelMask b) { return {a.mask || b.ma
 /// One pixel as a 32-bit word. Arithmetic is modulo 2^32. A matte's pixel is the alpha of a word whose colour is 0.
 struct Pixels {
     using Channels = portable::Channels;
-    using Sums = portable::Sums;
+    struct Sums;
+    using Narrower = void; ///< Lanes for the rest of a row, where there is no way to load and store a part of these.
     static constexpr std::size_t kCount = 1;
 
     std::uint32_t word;
@@ -144,17 +107,61 @@ struct Pixels {
     /// The channels of the pixels.
     constexpr Channels Widened() const { return Channels::All(word); }
 
+    /// The pixel's alpha in every channel.
+    constexpr Channels Alphas() const { return Channels::All16(static_cast<std::uint16_t>(word >> 24)); }
+
     /// The pixel's word, which is below 65536, in every channel.
     constexpr Channels Spread() const { return Channels::All16(static_cast<std::uint16_t>(word)); }
 
     /// The colours of these pixels, the alphas of the others.
     constexpr Pixels WithAlphaOf(Pixels other) const { return {(word & 0x00FFFFFFU) | (other.word & 0xFF000000U)}; }
 
+    /// Blue, green, red and alpha by their numbers, 0 to 3.
+    constexpr std::uint32_t Channel(std::size_t number) const { return word >> (8 * number) & 255U; }
+
     /// True when a bit of any pixel is set.
     constexpr bool HasBits() const { return word != 0; }
 
     template <int bits> constexpr Pixels ShiftedLeft() const { return {word << bits}; }
     template <int bits> constexpr Pixels ShiftedRight() const { return {word >> bits}; }
+};
+
+/// Sums of the channels of four neighbouring pixels times their weights; see rows/SubPixelSampler.h.
+struct Pixels::Sums {
+    struct Weights {
+        std::uint32_t right; ///< 1 to 255
+        std::uint32_t lower; ///< 0 to 256
+
+        constexpr Weights(std::uint32_t ofRight, std::uint32_t ofLower) : right(ofRight), lower(ofLower) {}
+    };
+
+    std::array<std::uint32_t, 4> values = {};
+
+    template <class Neighbors> constexpr Sums(const Neighbors& pixels, const Weights& weights) {
+        for (std::size_t i = 0; i < values.size(); ++i) {
+            const auto across = [&](Pixels left, Pixels right) {
+                return left.Channel(i) * (256 - weights.right) + right.Channel(i) * weights.right;
+            };
+            values[i] = across(pixels.upperLeft, pixels.upperRight) * (256 - weights.lower) +
+                        across(pixels.lowerLeft, pixels.lowerRight) * weights.lower;
+        }
+    }
+
+    /// The sums / 65536.
+    constexpr Pixels UpperHalves() const {
+        return Narrowed([](std::uint32_t sum) { return sum >> 16; });
+    }
+
+    /// The sums, divided by the fourth of them and truncated, where quotients are below 256; a fourth of 0 counts as 1.
+    constexpr Pixels DividedByFourth() const {
+        const std::uint32_t divisor = std::max(values[3], 1U);
+        return Narrowed([divisor](std::uint32_t sum) { return sum / divisor; });
+    }
+
+private:
+    template <class Function> constexpr Pixels Narrowed(const Function& each) const {
+        return {each(values[3]) << 24 | each(values[2]) << 16 | each(values[1]) << 8 | each(values[0])};
+    }
 };
 
 constexpr Pixels operator&(Pixels a, Pixels b) { return {a.word & b.word}; }
@@ -179,16 +186,18 @@ constexpr Pixels MaxBytes(Pixels a, Pixels b) {
     return ForEachByte(a, b, [](std::uint32_t x, std::uint32_t y) { return std::max(x, y); });
 }
 
-/// a x b for words and products below 65536.
-constexpr Pixels ShortProduct(Pixels a, Pixels b) { return {a.word * b.word}; }
+/// The lower and the upper 16 bits of the products of both halves.
+constexpr Pixels ShortProducts(Pixels a, Pixels b) {
+    return {((a.word & 0xFFFFU) * (b.word & 0xFFFFU) & 0xFFFFU) | (a.word >> 16) * (b.word >> 16) << 16};
+}
+constexpr Pixels UpperProducts(Pixels a, Pixels b) {
+    return {(a.word & 0xFFFFU) * (b.word & 0xFFFFU) >> 16 | ((a.word >> 16) * (b.word >> 16) & 0xFFFF0000U)};
+}
 
 /// The sum of the products of the lower and of the upper halves, which are below 32768.
 constexpr Pixels PairSums(Pixels a, Pixels b) {
     return {(a.word & 0xFFFFU) * (b.word & 0xFFFFU) + (a.word >> 16) * (b.word >> 16)};
 }
-
-/// The upper 16 bits of the product of two words below 65536.
-constexpr Pixels UpperProduct(Pixels a, Pixels b) { return {a.word * b.word >> 16}; }
 
 /// Each word, which is below 65535, divided by 255 and truncated.
 constexpr Pixels DividedBy255(Pixels words) { return {words.word / 255}; }

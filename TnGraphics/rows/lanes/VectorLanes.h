@@ -23,7 +23,6 @@ template <class Set> struct ChannelLanes {
     static ChannelLanes AlphaOnly(std::uint16_t value) { return Repeated(std::uint64_t{value} << 48); }
     static ChannelLanes Repeated(std::uint64_t four) { return Both(Set::All64(four)); }
     static ChannelLanes All(std::uint32_t word) { return Both(Set::WidenLow(Set::All32(word))); }
-    ChannelLanes Alphas() const { return {Set::SpreadAlpha(low), Set::SpreadAlpha(high)}; }
 
     friend ChannelLanes operator+(ChannelLanes a, ChannelLanes b) {
         return {Set::Add16(a.low, b.low), Set::Add16(a.high, b.high)};
@@ -53,13 +52,11 @@ template <class Set> struct ChannelLanes {
         return Set::OneMoreUnlessLess16(quotients, remainders, divisors);
     }
 
-    // The product's upper half, of factors x * 256 without and scale with a sign. Where the scale is negative, taking
-    // it for a number without one has added 65536 times the other factor.
-    static Register RescaledHalf(Register x, Register scale, Register offset) {
-        const Register shifted = Set::template ShiftLeft16<8>(x);
-        const Register excess = Set::And(shifted, Set::Signs16(scale));
-        const Register scaled = Set::Subtract16(Set::MultiplyHigh16(shifted, scale), excess);
-        return Set::AddSaturated16(scaled, offset);
+    // The product's upper half, of factors without and with a sign. Where the scale is negative, taking it for a number
+    // without sign has added 65536 times the other factor.
+    static Register RescaledHalf(Register x256, Register scale, Register offset) {
+        const Register excess = Set::And(x256, Set::Signs16(scale));
+        return Set::AddSaturated16(Set::Subtract16(Set::MultiplyHigh16(x256, scale), excess), offset);
     }
 };
 
@@ -71,49 +68,21 @@ template <class Set> struct PixelMask {
     friend PixelMask operator|(PixelMask a, PixelMask b) { return {Set::OrMask32(a.mask, b.mask)}; }
 };
 
-/// The channels of a register of pixels in 32 bits, a quarter of the pixels in each register.
-template <class Set> struct SumLanes {
-    using Register = typename Set::Register;
-    using Channels = ChannelLanes<Set>;
+template <class Set> struct PixelLanes;
 
-    Register quarters[4];
-
-    // Signed instructions multiply channels less 32768; the weights, 256 in all, bring that back as 2^23.
-    static SumLanes Weighted(Channels a, Channels b, std::uint16_t weight) {
-        const Register offset = Set::All16(0x8000);
-        const Register weights = Set::All32(weight | (256U - weight) << 16);
-        const Register back = Set::All32(1U << 23);
-        const auto sum = [&](Register pairs) { return Set::Add32(Set::PairSums16(pairs, weights), back); };
-        const Channels x = {Set::Subtract16(a.low, offset), Set::Subtract16(a.high, offset)};
-        const Channels y = {Set::Subtract16(b.low, offset), Set::Subtract16(b.high, offset)};
-        return {{sum(Set::InterleaveLow16(x.low, y.low)), sum(Set::InterleaveHigh16(x.low, y.low)),
-                 sum(Set::InterleaveLow16(x.high, y.high)), sum(Set::InterleaveHigh16(x.high, y.high))}};
-    }
-
-    template <class Function> Channels Narrowed(const Function& each) const {
-        return {Set::Narrow32(each(quarters[0]), each(quarters[1])),
-                Set::Narrow32(each(quarters[2]), each(quarters[3]))};
-    }
-
-    Channels UpperHalves() const {
-        return Narrowed([](Register sums) { return Set::template ShiftRight32<16>(sums); });
-    }
-
-    // Floats hold these numbers exactly, and no quotient below 256 lies nearer to the next whole number than floats of
-    // that size lie to each other, so none is rounded up to it.
-    Channels DividedByFourth() const {
-        return Narrowed([](Register sums) {
-            const Register divisors = Set::SpreadFourth32(sums);
-            const auto none = Set::Equal32(divisors, Set::All32(0));
-            return Set::Quotients32(sums, Set::Select32(none, Set::All32(1), divisors));
-        });
-    }
+/// Narrower lanes for the rest of a row, where the instruction set has no way to load and store a part of its own.
+template <class Set> struct NarrowerLanes { using Type = void; };
+template <class Set>
+requires requires { typename Set::Narrower; }
+struct NarrowerLanes<Set> {
+    using Type = PixelLanes<typename Set::Narrower>;
 };
 
 /// A register of pixels as 32-bit words.
 template <class Set> struct PixelLanes {
     using Channels = ChannelLanes<Set>;
-    using Sums = SumLanes<Set>;
+    struct Sums;
+    using Narrower = typename NarrowerLanes<Set>::Type;
     static constexpr std::size_t kCount = sizeof(typename Set::Register) / sizeof(TnImagePixel);
 
     typename Set::Register words;
@@ -141,6 +110,7 @@ template <class Set> struct PixelLanes {
 
     static PixelLanes Narrowed(Channels channels) { return {Set::Narrow(channels.low, channels.high)}; }
     Channels Widened() const { return {Set::WidenLow(words), Set::WidenHigh(words)}; }
+    Channels Alphas() const { return {Set::SpreadAlphaLow(words), Set::SpreadAlphaHigh(words)}; }
     Channels Spread() const {
         const auto twice = Set::Or(words, Set::template ShiftLeft32<16>(words));
         return {Set::InterleaveLow32(twice, twice), Set::InterleaveHigh32(twice, twice)};
@@ -163,18 +133,17 @@ template <class Set> struct PixelLanes {
     friend PixelLanes MinBytes(PixelLanes a, PixelLanes b) { return {Set::MinBytes(a.words, b.words)}; }
     friend PixelLanes MaxBytes(PixelLanes a, PixelLanes b) { return {Set::MaxBytes(a.words, b.words)}; }
 
-    // The upper halves of these words are 0, and stay 0.
-    friend PixelLanes ShortProduct(PixelLanes a, PixelLanes b) { return {Set::Multiply16(a.words, b.words)}; }
-    friend PixelLanes UpperProduct(PixelLanes a, PixelLanes b) { return {Set::MultiplyHigh16(a.words, b.words)}; }
-    friend PixelLanes DividedBy255(PixelLanes a) { return UpperProduct(a + All(1), All(257)); }
+    friend PixelLanes ShortProducts(PixelLanes a, PixelLanes b) { return {Set::Multiply16(a.words, b.words)}; }
+    friend PixelLanes UpperProducts(PixelLanes a, PixelLanes b) { return {Set::MultiplyHigh16(a.words, b.words)}; }
+    friend PixelLanes DividedBy255(PixelLanes a) { return UpperProducts(a + All(1), All(257)); }
 
     friend PixelLanes PairSums(PixelLanes a, PixelLanes b) { return {Set::PairSums16(a.words, b.words)}; }
 
     // Narrowing stops signed channels at 0 and 255.
     friend PixelLanes Rescaled(PixelLanes pixels, Channels scales, Channels offsets) {
-        const Channels channels = pixels.Widened();
-        return Narrowed({Channels::RescaledHalf(channels.low, scales.low, offsets.low),
-                         Channels::RescaledHalf(channels.high, scales.high, offsets.high)});
+        return Narrowed(
+            {Channels::RescaledHalf(Set::InterleaveLow8(Set::All32(0), pixels.words), scales.low, offsets.low),
+             Channels::RescaledHalf(Set::InterleaveHigh8(Set::All32(0), pixels.words), scales.high, offsets.high)});
     }
 
     friend Channels Divided(Channels channels, PixelLanes divisors) {
@@ -182,6 +151,63 @@ template <class Set> struct PixelLanes {
         const Channels reciprocals = PixelLanes{Set::Quotients32(Set::All32(65535), divisors.words)}.Spread();
         return {Channels::DividedHalf(channels.low, by.low, reciprocals.low),
                 Channels::DividedHalf(channels.high, by.high, reciprocals.high)};
+    }
+};
+
+/// Sums of the channels of a register of pixels, a quarter of the pixels in each of four registers. They are short by
+/// 2^23: signed instructions multiply channels less 128, and 128 times the sum of the weights is that number.
+template <class Set> struct PixelLanes<Set>::Sums {
+    using Register = typename Set::Register;
+
+    struct Weights {
+        Register across; ///< Of left and right pixels, in pairs of bytes.
+        Register down;   ///< Of upper and lower pixels, in pairs of 16 bits.
+
+        Weights(std::uint32_t right, std::uint32_t lower)
+            : across(Set::All16(static_cast<std::uint16_t>(right << 8 | (256 - right)))),
+              down(Set::All32(lower << 16 | (256 - lower))) {}
+    };
+
+    Register quarters[4];
+
+    template <class Neighbors> Sums(const Neighbors& pixels, const Weights& weights) {
+        const Channels upper = Across(pixels.upperLeft, pixels.upperRight, weights);
+        const Channels lower = Across(pixels.lowerLeft, pixels.lowerRight, weights);
+        quarters[0] = Set::PairSums16(Set::InterleaveLow16(upper.low, lower.low), weights.down);
+        quarters[1] = Set::PairSums16(Set::InterleaveHigh16(upper.low, lower.low), weights.down);
+        quarters[2] = Set::PairSums16(Set::InterleaveLow16(upper.high, lower.high), weights.down);
+        quarters[3] = Set::PairSums16(Set::InterleaveHigh16(upper.high, lower.high), weights.down);
+    }
+
+    PixelLanes UpperHalves() const {
+        const auto half = [](Register sums) { return Set::template ShiftRightSigned32<16>(sums); };
+        const Register low = Set::Narrow32(half(quarters[0]), half(quarters[1]));
+        const Register high = Set::Narrow32(half(quarters[2]), half(quarters[3]));
+        return {Set::Xor(Set::NarrowSigned(low, high), Set::All32(kSigns))};
+    }
+
+    // Floats hold these numbers exactly, and no quotient below 256 lies nearer to the next whole number than floats of
+    // that size lie to each other, so none is rounded up to it.
+    PixelLanes DividedByFourth() const {
+        const auto quotients = [](Register sums) {
+            const Register whole = Set::Add32(sums, Set::All32(1U << 23));
+            const Register divisors = Set::SpreadFourth32(whole);
+            const auto none = Set::Equal32(divisors, Set::All32(0));
+            return Set::Quotients32(whole, Set::Select32(none, Set::All32(1), divisors));
+        };
+        return Narrowed({Set::Narrow32(quotients(quarters[0]), quotients(quarters[1])),
+                         Set::Narrow32(quotients(quarters[2]), quotients(quarters[3]))});
+    }
+
+private:
+    static constexpr std::uint32_t kSigns = 0x80808080;
+
+    static Channels Across(PixelLanes left, PixelLanes right, const Weights& weights) {
+        const Register signs = Set::All32(kSigns);
+        const Register l = Set::Xor(left.words, signs);
+        const Register r = Set::Xor(right.words, signs);
+        return {Set::WeightedPairs8(weights.across, Set::InterleaveLow8(l, r)),
+                Set::WeightedPairs8(weights.across, Set::InterleaveHigh8(l, r))};
     }
 };
 
