@@ -4,8 +4,8 @@
 // no settings of its own. In comments s and d are a colour channel, sa and da the alphas. A new operator is a functor
 // here, a line in RowKernels.h and its entry points in ops/.
 //
-// An operator may know an easy way for lanes in which it has nothing to compute: IsEasy says of the source which these
-// are, and Easily gives what operator() would.
+// An operator may know an easy way for lanes in which it has nothing to compute: Easy says for which sources, and how
+// far the row is done on the hard way before another look; Easily gives what operator() would.
 #pragma once
 
 #include "TnGraphics/rows/PixelAlphas.h"
@@ -34,13 +34,10 @@ template <class Pixels> Pixels Mixture(Pixels s, Pixels d, const Shares<Pixels>&
     return Pixels::Narrowed(Divided(sum, MaxBytes(shares.total, Pixels::All(1))));
 }
 
-/// Operators that do opaque and empty stretches of the source by choosing.
-struct EasyWhereHard {
-    template <class Pixels> static bool IsEasy(Pixels s) { return HasHardAlphas(s); }
-};
-
 /// (s x sa + d x (255 - sa)) / 255, and sa + da - da x sa / 255.
-struct Blend : EasyWhereHard {
+struct Blend {
+    using Easy = WhereAlphasAreHard<128>;
+
     // The new alpha is what a source of 255 instead of sa would make of it, rounded up instead of down. No case needs
     // to be told apart.
     template <class Pixels> Pixels operator()(Pixels s, Pixels d) const {
@@ -55,7 +52,9 @@ struct Blend : EasyWhereHard {
 };
 
 /// The mixture, and n; the pixel stays where n is 0. A transparent source or destination needs no case of its own.
-struct PreBlend : EasyWhereHard {
+struct PreBlend {
+    using Easy = WhereAlphasAreHard<0>;
+
     template <class Pixels> Pixels operator()(Pixels s, Pixels d) const {
         const Shares<Pixels> shares(s, d);
         return Select(shares.AreNone(), d, Mixture(s, d, shares).WithAlphaOf(AlphaPixels(shares.total)));
@@ -65,7 +64,9 @@ struct PreBlend : EasyWhereHard {
 };
 
 /// The mixture where da is not 0, and the smaller of sa and da.
-struct Intersect : EasyWhereHard {
+struct Intersect {
+    using Easy = WhereAlphasAreHard<0>;
+
     template <class Pixels> Pixels operator()(Pixels s, Pixels d) const {
         const Pixels mixture = Mixture(s, d, Shares<Pixels>(s, d));
         return Select(Transparent(d), d, mixture).WithAlphaOf(MinBytes(s, d));
@@ -90,7 +91,9 @@ struct Subtract {
 
 /// The mixture, and max(sa, da) - sa x da / 255, which is not what taking each out of the other would give; the pixel
 /// stays where n is 0.
-struct ExclusiveOr : EasyWhereHard {
+struct ExclusiveOr {
+    using Easy = WhereAlphasAreHard<0>;
+
     template <class Pixels> Pixels operator()(Pixels s, Pixels d) const {
         const Shares<Pixels> shares(s, d);
         const Pixels alphas = MaxBytes(s, d) - AlphaPixels(shares.common);

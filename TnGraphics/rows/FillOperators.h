@@ -4,8 +4,8 @@
 // lane type that holds one pixel or a vector register full of them, so it selects where other code would branch. A new
 // one is a functor here, a line in RowKernels.h and the operation in ops/ that calls it.
 //
-// An operator may know an easy way for lanes in which it has nothing to compute; then it says in IsEasy which these
-// are, and Easily gives what operator() would.
+// An operator may know an easy way for lanes in which it has nothing to compute: Easy says for which pixels, and how
+// far the row is done on the hard way before another look; Easily gives what operator() would.
 #pragma once
 
 #include "TnGraphics/rows/PixelAlphas.h"
@@ -40,6 +40,8 @@ struct ScaleAlpha {
 
 /// (s x (255 - da) + d x da) / 255 for each colour channel; the alpha stays.
 struct BlendBehind {
+    using Easy = WhereAlphasAreHard<128>;
+
     std::uint32_t color;
 
     // Written as 255 s + (d - s) x da: modulo 65536 that is the same sum, which never exceeds 255 x 255.
@@ -52,7 +54,6 @@ struct BlendBehind {
     }
 
     // Pictures are opaque or empty nearly everywhere, and there blending is a choice.
-    template <class Pixels> static bool IsEasy(Pixels d) { return HasHardAlphas(d); }
     template <class Pixels> Pixels Easily(Pixels d, Pixels) const {
         return Select(Transparent(d), Pixels::All(color & ~kAlphaBits), d);
     }
@@ -60,24 +61,26 @@ struct BlendBehind {
 
 /// BlendBehind where da is not 0; elsewhere the pixel stays.
 struct BlendBehindVisible {
+    using Easy = WhereAlphasAreHard<128>;
+
     BlendBehind blend;
 
     template <class Pixels> Pixels operator()(Pixels d, Pixels column) const {
         return Select(Transparent(d), d, blend(d, column));
     }
 
-    template <class Pixels> static bool IsEasy(Pixels d) { return HasHardAlphas(d); }
     template <class Pixels> Pixels Easily(Pixels d, Pixels) const { return d; }
 };
 
 /// BlendBehind, then SetAlpha.
 struct BlendBehindAndSetAlpha {
+    using Easy = WhereAlphasAreHard<128>;
+
     BlendBehind blend;
     SetAlpha set;
 
     template <class Pixels> Pixels operator()(Pixels d, Pixels column) const { return set(blend(d, column), column); }
 
-    template <class Pixels> static bool IsEasy(Pixels d) { return HasHardAlphas(d); }
     template <class Pixels> Pixels Easily(Pixels d, Pixels column) const {
         return set(blend.Easily(d, column), column);
     }

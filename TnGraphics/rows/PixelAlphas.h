@@ -1,6 +1,7 @@
 // Private: what operators ask of the alphas of pixels in lanes.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 namespace tn {
@@ -15,6 +16,13 @@ template <class Pixels> bool HasHardAlphas(Pixels pixels) {
     constexpr std::uint32_t kOne = 0x01000000;
     return !((pixels + Pixels::All(kOne)) & Pixels::All(kAlphaBits & ~kOne)).HasBits();
 }
+
+/// Where an operator's easy way is to choose between pixels: in opaque and in empty stretches.
+template <std::size_t pixelsBetweenLooks> struct WhereAlphasAreHard {
+    static constexpr std::size_t kPixelsBetweenLooks = pixelsBetweenLooks;
+
+    template <class Pixels> static bool Holds(Pixels pixels) { return HasHardAlphas(pixels); }
+};
 
 /// The alphas as numbers, and back: an alpha over no colour.
 template <class Pixels> Pixels AlphaNumbers(Pixels pixels) { return pixels.template ShiftedRight<24>(); }

@@ -43,17 +43,11 @@ template <class Pixels> struct ByMatrix {
 
 /// sa x opacity / 255.
 template <class Pixels> struct ByOpacity {
-    Pixels factor;
+    typename Pixels::Opacity opacity;
 
-    explicit ByOpacity(const Preparation& preparation) : factor(Pixels::All(preparation.opacity * 257 << 16)) {}
+    explicit ByOpacity(const Preparation& preparation) : opacity(preparation.opacity) {}
 
-    // The products of the upper halves, (sa x 256) x (opacity x 257) / 65536, plus 1: sa x opacity / 255 stands in
-    // their upper bytes, where alphas stand. It is exact as (x + 256 / 257) x 257 / 65536 is x / 255, truncated, for x
-    // up to 255 x 255.
-    Pixels operator()(Pixels s) const {
-        const Pixels products = UpperProducts(s & Pixels::All(kAlphaBits), factor);
-        return s.WithAlphaOf(products + Pixels::All(1U << 16));
-    }
+    Pixels operator()(Pixels s) const { return Faded(s, opacity); }
 };
 
 /// The colour matrix, then the opacity.

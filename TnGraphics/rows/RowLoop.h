@@ -29,24 +29,30 @@ template <class Pixels, class Row> TN_ALWAYS_INLINE void DoRest(const Row& row, 
     }
 }
 
+template <class Operation>
+concept HasEasyWay = requires {
+    typename Operation::Easy;
+};
+
 /// Does a row of pixels a full lane at a time, and the rest of it in a lane of which only the first pixels are read and
 /// written.
 ///
 /// \tparam Row does a lane: Do(column), and DoFirst(column, count) a part of one; where it knows an easy way,
-///             DoAndLook(column) does the lane and says whether that was easy; if not, the next kPixelsBetweenLooks are
-///             done without looking. Over<Lanes>() is the row in other lanes
+///             DoAndLook(column) does the lane and says whether that was easy, and if not, the next pixels are done
+///             without looking. Over<Lanes>() is the row in other lanes
 template <class Pixels, class Row> TN_ALWAYS_INLINE void DoRow(const Row& row, std::size_t length) {
     const std::size_t rest = length % Pixels::kCount;
     const std::size_t end = length - rest;
     std::size_t column = 0;
     while (column < end) {
         std::size_t look = end;
-        if constexpr (Row::kHasEasyWay) {
+        if constexpr (HasEasyWay<typename Row::Operation>) {
             bool isEasy = true;
             for (; column < end && isEasy; column += Pixels::kCount) {
                 isEasy = row.DoAndLook(column);
             }
-            look = end - column < Row::kPixelsBetweenLooks ? end : column + Row::kPixelsBetweenLooks;
+            constexpr std::size_t kFar = Row::Operation::Easy::kPixelsBetweenLooks;
+            look = end - column < kFar ? end : column + kFar;
         }
         for (; column < look; column += Pixels::kCount) {
             row.Do(column);
@@ -59,8 +65,7 @@ template <class Pixels, class Row> TN_ALWAYS_INLINE void DoRow(const Row& row, s
 
 /// A row that a fill's operator changes in place.
 template <class Pixels, class Operator> struct FilledRow {
-    static constexpr bool kHasEasyWay = requires(Pixels d) { Operator::IsEasy(d); };
-    static constexpr std::size_t kPixelsBetweenLooks = 128;
+    using Operation = Operator;
 
     TnImagePixel* row;
     Operator op;
@@ -73,7 +78,7 @@ template <class Pixels, class Operator> struct FilledRow {
     }
     bool DoAndLook(std::size_t column) const {
         const Pixels d = Pixels::Load(row + column);
-        const bool isEasy = Operator::IsEasy(d);
+        const bool isEasy = Operator::Easy::Holds(d);
         (isEasy ? op.Easily(d, Columns(column)) : op(d, Columns(column))).Store(row + column);
         return isEasy;
     }
@@ -84,8 +89,7 @@ template <class Pixels, class Operator> struct FilledRow {
 /// A source row on its way into a destination row.
 template <class Pixels, template <class> class Prepare, class Operator, class Source, class Destination>
 struct CompositedRow {
-    static constexpr bool kHasEasyWay = requires(Pixels s) { Operator::IsEasy(s); };
-    static constexpr std::size_t kPixelsBetweenLooks = 128;
+    using Operation = Operator;
 
     const Source* source;
     Destination* destination;
@@ -104,7 +108,7 @@ struct CompositedRow {
     bool DoAndLook(std::size_t column) const {
         const Pixels s = prepare(Pixels::Load(source + column));
         const Pixels d = Pixels::Load(destination + column);
-        const bool isEasy = Operator::IsEasy(s);
+        const bool isEasy = Operator::Easy::Holds(s);
         (isEasy ? op.Easily(s, d) : op(s, d)).Store(destination + column);
         return isEasy;
     }
@@ -116,7 +120,7 @@ struct CompositedRow {
 
 /// A row sampled between two others.
 template <class Pixels> struct SampledRow {
-    static constexpr bool kHasEasyWay = false;
+    using Operation = SubPixelSampler<Pixels>;
 
     const TnImagePixel* upper;
     const TnImagePixel* lower;
@@ -154,6 +158,10 @@ void SampleRow(const TnImagePixel* upper, const TnImagePixel* lower, TnImagePixe
     DoRow<Pixels>(SampledRow<Pixels>{upper, lower, row, weights}, length);
 }
 
+/// The lanes for pixels of two kinds.
+template <class Pixels, class Source, class Destination> struct LanesFor { using Type = Pixels; };
+template <class Pixels> struct LanesFor<Pixels, TnMattePixel, TnMattePixel> { using Type = typename Pixels::Mattes; };
+
 /// The kernels of one entry of the table.
 template <class Pixels, class Kernels> struct KernelsOver;
 
@@ -163,8 +171,10 @@ template <class Pixels, class Operator> struct KernelsOver<Pixels, Filling<Opera
 
 template <class Pixels, class Operator, class Source, class Destination>
 struct KernelsOver<Pixels, Copying<Operator, Source, Destination>> {
+    using Lanes = typename LanesFor<Pixels, Source, Destination>::Type;
+
     static constexpr Copying<Operator, Source, Destination> kKernels = {
-        &CompositeRow<Pixels, AsItIs, Operator, Source, Destination>};
+        &CompositeRow<Lanes, AsItIs, Operator, Source, Destination>};
 };
 
 template <class Pixels, class Pixel> struct KernelsOver<Pixels, Copying<CopyPixel, Pixel, Pixel>> {
@@ -173,16 +183,22 @@ template <class Pixels, class Pixel> struct KernelsOver<Pixels, Copying<CopyPixe
 
 template <class Pixels, class Operator, class Source, class Destination>
 struct KernelsOver<Pixels, Compositing<Operator, Source, Destination>> {
-    // A matte has no colour, so a colour matrix leaves it alone.
-    static constexpr bool kHasColor = std::is_same_v<Source, TnImagePixel>;
+    using Lanes = typename LanesFor<Pixels, Source, Destination>::Type;
 
     template <template <class> class Prepare>
-    static constexpr auto kKernel = &CompositeRow<Pixels, Prepare, Operator, Source, Destination>;
+    static constexpr auto kPrepared = &CompositeRow<Lanes, Prepare, Operator, Source, Destination>;
+    static constexpr auto kPlain = KernelsOver<Pixels, Copying<Operator, Source, Destination>>::kKernels.kernel;
 
-    static constexpr Compositing<Operator, Source, Destination> kKernels = {
-        {KernelsOver<Pixels, Copying<Operator, Source, Destination>>::kKernels.kernel,
-         kHasColor ? kKernel<ByMatrix> : kKernel<AsItIs>, kKernel<ByOpacity>,
-         kHasColor ? kKernel<ByMatrixAndOpacity> : kKernel<ByOpacity>}};
+    // A matte has no colour, so a colour matrix leaves it alone.
+    static constexpr Compositing<Operator, Source, Destination> MakeKernels() {
+        if constexpr (std::is_same_v<Source, TnMattePixel>) {
+            return {{kPlain, kPlain, kPrepared<ByOpacity>, kPrepared<ByOpacity>}};
+        } else {
+            return {{kPlain, kPrepared<ByMatrix>, kPrepared<ByOpacity>, kPrepared<ByMatrixAndOpacity>}};
+        }
+    }
+
+    static constexpr Compositing<Operator, Source, Destination> kKernels = MakeKernels();
 };
 
 template <class Pixels> struct KernelsOver<Pixels, Sampling> {

@@ -82,8 +82,15 @@ constexpr PixelMask operator|(PixelMask a, PixelMask b) { return {a.mask || b.ma
 struct Pixels {
     using Channels = portable::Channels;
     struct Sums;
+    using Mattes = Pixels; ///< Lanes for rows of matte pixels alone.
     using Narrower = void; ///< Lanes for the rest of a row, where there is no way to load and store a part of these.
     static constexpr std::size_t kCount = 1;
+
+    struct Opacity {
+        std::uint32_t value;
+
+        explicit constexpr Opacity(std::uint32_t opacity) : value(opacity) {}
+    };
 
     std::uint32_t word;
 
@@ -212,6 +219,11 @@ constexpr Pixels Rescaled(Pixels pixels, const Channels& scales, const Channels&
         return static_cast<std::uint32_t>(std::clamp(sum, 0, 255));
     };
     return Pixels::Narrowed(ForEach(ForEach(pixels.Widened(), scales, scaled), offsets, moved));
+}
+
+/// alpha x opacity / 255, truncated, for opacities up to 255; the colour stays.
+constexpr Pixels Faded(Pixels pixels, Pixels::Opacity opacity) {
+    return pixels.WithAlphaOf({(pixels.word >> 24) * opacity.value / 255 << 24});
 }
 
 /// Each channel, divided by the pixel's divisor, 1 to 255, and truncated, where channels are at most 255 x divisor.

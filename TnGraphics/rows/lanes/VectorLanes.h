@@ -69,6 +69,7 @@ template <class Set> struct PixelMask {
 };
 
 template <class Set> struct PixelLanes;
+template <class Set> struct MatteLanes;
 
 /// Narrower lanes for the rest of a row, where the instruction set has no way to load and store a part of its own.
 template <class Set> struct NarrowerLanes { using Type = void; };
@@ -82,8 +83,15 @@ struct NarrowerLanes<Set> {
 template <class Set> struct PixelLanes {
     using Channels = ChannelLanes<Set>;
     struct Sums;
+    using Mattes = MatteLanes<Set>;
     using Narrower = typename NarrowerLanes<Set>::Type;
     static constexpr std::size_t kCount = sizeof(typename Set::Register) / sizeof(TnImagePixel);
+
+    struct Opacity {
+        typename Set::Register factor;
+
+        explicit Opacity(std::uint32_t opacity) : factor(Set::All32(opacity * 257 << 16)) {}
+    };
 
     typename Set::Register words;
 
@@ -138,6 +146,14 @@ template <class Set> struct PixelLanes {
     friend PixelLanes DividedBy255(PixelLanes a) { return UpperProducts(a + All(1), All(257)); }
 
     friend PixelLanes PairSums(PixelLanes a, PixelLanes b) { return {Set::PairSums16(a.words, b.words)}; }
+
+    // The products of the upper halves, (alpha x 256) x (opacity x 257) / 65536, plus 1: alpha x opacity / 255 stands
+    // in their upper bytes, where alphas stand. That is exact, since (x + 256 / 257) x 257 / 65536 and x / 255 have the
+    // same integer part for x up to 255 x 255.
+    friend PixelLanes Faded(PixelLanes pixels, Opacity opacity) {
+        const PixelLanes products = {Set::MultiplyHigh16((pixels & All(0xFF000000)).words, opacity.factor)};
+        return pixels.WithAlphaOf(products + All(1U << 16));
+    }
 
     // Narrowing stops signed channels at 0 and 255.
     friend PixelLanes Rescaled(PixelLanes pixels, Channels scales, Channels offsets) {
@@ -208,6 +224,44 @@ private:
         const Register r = Set::Xor(right.words, signs);
         return {Set::WeightedPairs8(weights.across, Set::InterleaveLow8(l, r)),
                 Set::WeightedPairs8(weights.across, Set::InterleaveHigh8(l, r))};
+    }
+};
+
+/// A register of matte pixels, for what operators do to alphas alone.
+template <class Set> struct MatteLanes {
+    using Channels = ChannelLanes<Set>;
+    using Mattes = MatteLanes;
+    using Narrower = void;
+    static constexpr std::size_t kCount = sizeof(typename Set::Register);
+
+    struct Opacity {
+        std::uint16_t value;
+
+        explicit Opacity(std::uint32_t opacity) : value(static_cast<std::uint16_t>(opacity)) {}
+    };
+
+    typename Set::Register bytes;
+
+    static MatteLanes Load(const TnMattePixel* from) { return {Set::Load(from)}; }
+    void Store(TnMattePixel* to) const { Set::Store(to, bytes); }
+
+    static MatteLanes LoadFirst(const TnMattePixel* from, std::size_t count) {
+        std::uint8_t values[kCount] = {};
+        std::memcpy(values, from, count);
+        return {Set::Load(values)};
+    }
+    void StoreFirst(TnMattePixel* to, std::size_t count) const {
+        std::uint8_t values[kCount];
+        Set::Store(values, bytes);
+        std::memcpy(static_cast<void*>(to), values, count);
+    }
+
+    MatteLanes WithAlphaOf(MatteLanes other) const { return other; }
+    friend MatteLanes MinBytes(MatteLanes a, MatteLanes b) { return {Set::MinBytes(a.bytes, b.bytes)}; }
+    friend MatteLanes Faded(MatteLanes pixels, Opacity opacity) {
+        const Channels values = {Set::WidenLow(pixels.bytes), Set::WidenHigh(pixels.bytes)};
+        const Channels quotients = DividedBy255(values * Channels::All16(opacity.value));
+        return {Set::Narrow(quotients.low, quotients.high)};
     }
 };
 
