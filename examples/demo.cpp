@@ -1,8 +1,10 @@
-// Takes a picture through fills, patterns, blending towards a colour, opacity and erasing, and writes what comes out.
+// Takes a picture through fills, patterns, blending towards a colour, opacity and erasing, combines it with a second
+// one by every operator, and writes what comes out.
+#include "Operators.h"
+#include "Picture.h"
 #include "Png.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstdio>
 #include <exception>
 #include <string>
@@ -17,14 +19,11 @@ constexpr TnColor kPaper = {255, 236, 232, 222};
 
 // Surfaces call this every 32 rows; a host would move its progress bar here, or throw to cancel.
 void ShowProgress() {
-    std::putchar('.');
-    std::fflush(stdout);
-}
-
-TnRect Inset(const TnRect& rect, double share) {
-    const auto dx = static_cast<std::int32_t>(rect.width * share);
-    const auto dy = static_cast<std::int32_t>(rect.height * share);
-    return {rect.left + dx, rect.top + dy, rect.width - 2 * dx, rect.height - 2 * dy};
+    static int calls = 0;
+    if (++calls % 8 == 0) {
+        std::putchar('.');
+        std::fflush(stdout);
+    }
 }
 
 // The n-th of several columns of equal width.
@@ -34,23 +33,8 @@ TnRect Column(const TnRect& rect, int n, int columns) {
     return {rect.left + left, rect.top, right - left, rect.height};
 }
 
-// A soft oval: opaque in the middle, transparent towards the corners.
-void MakeVignette(TnImage& image) {
-    const TnPoint size = image.Size();
-    for (auto pixel = image.begin(); !pixel.AtEnd(); ++pixel) {
-        const TnPoint at = pixel.Position();
-        const double distance = std::hypot(2.0 * at.x / size.x - 1.0, 2.0 * at.y / size.y - 1.0);
-        pixel->Alpha(static_cast<std::uint8_t>(255.0 * std::clamp(1.35 - distance, 0.0, 1.0)));
-    }
-}
-
-void CopyPixels(const TnImage& source, TnImage& destination, const TnPoint& at) {
-    TnRect from;
-    TnRect to;
-    if (CalcIterBnds(source.Size(), destination.Size(), at, destination.Bounds(), &from, &to)) {
-        std::copy(source.begin(from), source.end(from), destination.begin(to));
-    }
-}
+// Opaque in the middle, transparent towards the corners.
+void MakeVignette(TnImage& image) { CutOutOval(image, 0.35, 1.35); }
 
 void DrawColorBars(TnImage& image, const TnRect& rect) {
     constexpr TnColor kBars[] = {{255, 191, 191, 191}, {255, 191, 191, 0}, {255, 0, 191, 191}, {255, 0, 191, 0},
@@ -86,7 +70,7 @@ TnImage MakeSlate(const TnImage& photo) {
     ColorFill(slate, {unit, 4 * unit, 14 * unit, 9 * unit}, kPaper);
     TnImage window = photo;
     window.Content({photo.Size().x / 4, photo.Size().y / 4, 14 * unit - unit / 2, 9 * unit - unit / 2});
-    CopyPixels(window, slate, {unit + unit / 4, 4 * unit + unit / 4});
+    TnCopy(window, slate, {unit + unit / 4, 4 * unit + unit / 4});
     return slate;
 }
 
@@ -107,10 +91,16 @@ private:
     int count_ = 0;
 };
 
-void Run(const std::string& input, const std::string& folder) {
+TnImage ReadPicture(const std::string& path) {
+    TnImage picture = ReadPng(path);
+    std::printf("%s: %d x %d pixels\n", path.c_str(), picture.Size().x, picture.Size().y);
+    return picture;
+}
+
+void Run(const std::string& folder, const std::string& photoPath, const std::string& subjectPath) {
     TnImage::SetDefaultCancelProc(ShowProgress);
-    const TnImage photo = ReadPng(input);
-    std::printf("%s: %d x %d pixels\n", input.c_str(), photo.Size().x, photo.Size().y);
+    const TnImage photo = ReadPicture(photoPath);
+    const TnImage subject = ReadPicture(subjectPath);
 
     Gallery gallery(folder);
     const auto edited = [&photo](auto edit) {
@@ -131,17 +121,19 @@ void Run(const std::string& input, const std::string& folder) {
     gallery.Add("safe-area", "the picture erased outside the title-safe area",
                 edited([](TnImage& image) { EraseOutside(image, Inset(image.Bounds(), 0.1)); }));
     gallery.Add("lower-third", "a caption bar through which the picture shows", edited(DrawLowerThird));
+    gallery.Add("operators", "a cut-out of the second picture combined with the first by each operator",
+                [&] { return MakeOperatorSheet(photo, subject); });
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 3) {
-        std::fprintf(stderr, "usage: demo picture.png folder\n");
+    if (argc < 3 || argc > 4) {
+        std::fprintf(stderr, "usage: demo folder picture.png [cut-out.png]\n");
         return 2;
     }
     try {
-        Run(argv[1], argv[2]);
+        Run(argv[1], argv[2], argv[argc - 1]);
     } catch (const std::exception& problem) {
         std::fprintf(stderr, "demo: %s\n", problem.what());
         return 1;
