@@ -1,30 +1,39 @@
-// What is compared with what. Every line of the table is one of these; all are measured in one process and run.
+// What is compared with what. Every line of the tables is one of these; all are measured in one process and run.
 #pragma once
 
-#include <functional>
+#include "Work.h"
+
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace tn::bench {
 
-/// Something to measure, repeated by the benchmark.
-using Work = std::function<void()>;
+/// What a work of ours is measured against: a pass that bounds it, another library, or another work of ours.
+struct Rival {
+    std::string name;
+    Work work;                   ///< None for a work of ours: the comparison of that name, at the same level.
+    std::optional<double> limit; ///< Our time over the rival's may not exceed this; without it, for information.
+};
 
-/// Our work beside the passes that bound it, over the same pixels.
+/// A work of ours beside its rivals, over the same pixels.
 struct Comparison {
     std::string name;
     double items; ///< Pixels, or 1, by which times are divided.
     Work ours;
-
-    std::string referenceName;
-    Work reference;
-    double referenceLimit; ///< Our time over the reference's may not exceed this.
-
-    std::string peerName; ///< Empty when no peer does comparable work.
-    Work peer;
+    std::vector<Rival> rivals;
 };
 
-std::vector<Comparison> FillComparisons();
-std::vector<Comparison> WalkComparisons();
+/// Comparisons that stand in one table.
+struct Section {
+    std::string title;
+    std::vector<Comparison> comparisons;
+};
+
+Section FillComparisons();
+Section WalkComparisons();
+Section CopyComparisons();
+Section BlendComparisons();
+Section OperatorComparisons();
 
 } // namespace tn::bench

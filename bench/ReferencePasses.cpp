@@ -1,32 +1,82 @@
 #include "ReferencePasses.h"
 
+#include "TnGraphics/port/TnMatte.h"
+
 #include <cstring>
 
 namespace tn::bench {
 namespace {
 
+template <class SurfaceType> unsigned char* RowAt(const SurfaceType& surface, int y) {
+    return reinterpret_cast<unsigned char*>(surface.PixelBase()) + std::size_t{surface.RowBytes()} * std::size_t(y);
+}
+
+template <class SurfaceType> std::size_t BytesOfRow(const SurfaceType& surface) {
+    return static_cast<std::size_t>(surface.Size().x) * sizeof(*surface.PixelBase());
+}
+
 template <class Pass> void ForEachRow(TnImage& image, const Pass& pass) {
     image.AddClient();
-    auto* row = reinterpret_cast<unsigned char*>(image.PixelBase());
-    for (int y = 0; y < image.Size().y; ++y, row += image.RowBytes()) {
-        pass(reinterpret_cast<std::uint32_t*>(row), static_cast<std::size_t>(image.Size().x));
+    for (int y = 0; y < image.Size().y; ++y) {
+        pass(RowAt(image, y), BytesOfRow(image));
     }
     image.RemoveClient();
+}
+
+template <class SurfaceType, class Pass>
+void ForEachRowOfBoth(const SurfaceType& from, SurfaceType& to, const Pass& pass) {
+    from.AddClient();
+    to.AddClient();
+    for (int y = 0; y < to.Size().y; ++y) {
+        pass(RowAt(from, y), RowAt(to, y), BytesOfRow(to));
+    }
+    to.RemoveClient();
+    from.RemoveClient();
 }
 
 } // namespace
 
 void SetRows(TnImage& image, int byte) {
-    ForEachRow(image,
-               [byte](std::uint32_t* row, std::size_t length) { std::memset(row, byte, length * sizeof(*row)); });
+    ForEachRow(image, [byte](unsigned char* row, std::size_t bytes) { std::memset(row, byte, bytes); });
 }
 
 void ReadModifyWriteRows(TnImage& image) {
-    ForEachRow(image, [](std::uint32_t* row, std::size_t length) {
-        for (std::size_t x = 0; x < length; ++x) {
-            row[x] ^= 0x01010101U;
+    ForEachRow(image, [](unsigned char* row, std::size_t bytes) {
+        for (std::size_t n = 0; n < bytes; ++n) {
+            row[n] ^= 1;
         }
     });
 }
+
+template <class SurfaceType> void CopyRows(const SurfaceType& from, SurfaceType& to) {
+    ForEachRowOfBoth(from, to, [](const unsigned char* source, unsigned char* destination, std::size_t bytes) {
+        std::memcpy(destination, source, bytes);
+    });
+}
+
+template <class SurfaceType> void ReadReadWriteRows(const SurfaceType& from, SurfaceType& to) {
+    ForEachRowOfBoth(
+        from, to, [](const unsigned char* __restrict source, unsigned char* __restrict destination, std::size_t bytes) {
+            for (std::size_t n = 0; n < bytes; ++n) {
+                destination[n] ^= source[n];
+            }
+        });
+}
+
+void CopySmallImage(const TnImage& from, TnImage& to) {
+    constexpr std::size_t kRowBytes = 8 * sizeof(TnImagePixel);
+    from.AddClient();
+    to.AddClient();
+    for (int y = 0; y < 8; ++y) {
+        std::memcpy(RowAt(to, y), RowAt(from, y), kRowBytes);
+    }
+    to.RemoveClient();
+    from.RemoveClient();
+}
+
+template void CopyRows(const TnImage&, TnImage&);
+template void CopyRows(const TnMatte&, TnMatte&);
+template void ReadReadWriteRows(const TnImage&, TnImage&);
+template void ReadReadWriteRows(const TnMatte&, TnMatte&);
 
 } // namespace tn::bench

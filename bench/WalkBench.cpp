@@ -1,9 +1,6 @@
 // Compiled without vectorisation: what is compared is the walk, pixel by pixel.
 #include "Comparison.h"
-
-#include "TnGraphics/port/TnImage.h"
-
-#include <memory>
+#include "Pictures.h"
 
 namespace tn::bench {
 namespace {
@@ -33,16 +30,13 @@ void WalkWithPointer(TnImage& image) {
 
 } // namespace
 
-std::vector<Comparison> WalkComparisons() {
-    const auto image = std::make_shared<TnImage>(TnPoint{1920, 1080}, true);
-    return {{.name = "walk with ++ 1920x1080",
-             .items = 1920.0 * 1080.0,
-             .ours = [image] { WalkWithIterator(*image); },
-             .referenceName = "pointer loop",
-             .reference = [image] { WalkWithPointer(*image); },
-             .referenceLimit = kWalkLimit,
-             .peerName = "",
-             .peer = nullptr}};
+Section WalkComparisons() {
+    const auto image = std::make_shared<TnImage>(kFullHd, true);
+    return {.title = "Walking",
+            .comparisons = {{.name = "walk with ++ " + SizeName(kFullHd),
+                             .items = PixelCount(kFullHd),
+                             .ours = [image] { WalkWithIterator(*image); },
+                             .rivals = {{"pointer loop", [image] { WalkWithPointer(*image); }, kWalkLimit}}}}};
 }
 
 } // namespace tn::bench

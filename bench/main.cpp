@@ -1,28 +1,18 @@
-// Runs every comparison at the processor's best level and at AVX2, and prints them as a table.
-#include "Comparison.h"
+// Runs every comparison, ours at the processor's best level and at AVX2, and prints the tables.
+#include "Tables.h"
+#include "peers/Peers.h"
 
 #include "TnGraphics/rows/RowKernels.h"
 
 #include <algorithm>
 #include <benchmark/benchmark.h>
-#include <cstdio>
 #include <map>
 
 namespace tn::bench {
 namespace {
 
-enum class Role { kOurs, kReference, kPeer };
-
-std::string BenchmarkName(const Comparison& comparison, ProcessorLevel level, Role role) {
-    const char* const roles[] = {"ours", "reference", "peer"};
-    return comparison.name + "/" + NameOf(level) + "/" + roles[static_cast<int>(role)];
-}
-
-void Register(const Comparison& comparison, ProcessorLevel level, Role role, const Work& work) {
-    if (!work) {
-        return;
-    }
-    benchmark::RegisterBenchmark(BenchmarkName(comparison, level, role).c_str(), [=](benchmark::State& state) {
+void Register(const std::string& name, const Work& work, ProcessorLevel level) {
+    benchmark::RegisterBenchmark(name.c_str(), [work, level](benchmark::State& state) {
         ForceLevel(level);
         for (auto unused : state) {
             static_cast<void>(unused);
@@ -30,6 +20,17 @@ void Register(const Comparison& comparison, ProcessorLevel level, Role role, con
             benchmark::ClobberMemory();
         }
     });
+}
+
+void Register(const Comparison& comparison, const std::vector<ProcessorLevel>& levels) {
+    for (const ProcessorLevel level : levels) {
+        Register(OursName(comparison.name, level), comparison.ours, level);
+    }
+    for (const Rival& rival : comparison.rivals) {
+        if (rival.work) {
+            Register(RivalName(comparison, rival), rival.work, BestLevel());
+        }
+    }
 }
 
 /// Keeps the best time of each benchmark: on a shared machine the least disturbed run says most.
@@ -46,32 +47,14 @@ public:
         }
     }
 
-    /// Nanoseconds, 0 when the benchmark did not run.
-    double Of(const Comparison& comparison, ProcessorLevel level, Role role) const {
-        const auto found = best_.find(BenchmarkName(comparison, level, role));
-        return found == best_.end() ? 0.0 : found->second;
+    std::optional<double> Of(const std::string& benchmark) const {
+        const auto found = best_.find(benchmark);
+        return found == best_.end() ? std::nullopt : std::optional(found->second);
     }
 
 private:
     std::map<std::string, double> best_;
 };
-
-void PrintLine(const Comparison& comparison, ProcessorLevel level, const BestTimes& times) {
-    const double ours = times.Of(comparison, level, Role::kOurs);
-    const double reference = times.Of(comparison, level, Role::kReference);
-    const double peer = times.Of(comparison, level, Role::kPeer);
-    if (ours <= 0.0 || reference <= 0.0) {
-        return;
-    }
-    std::printf("| %s | %s | %.3f | %s %.3f | %.2f | %.2f |", comparison.name.c_str(), NameOf(level),
-                ours / comparison.items, comparison.referenceName.c_str(), reference / comparison.items,
-                ours / reference, comparison.referenceLimit);
-    if (peer > 0.0) {
-        std::printf(" %s %.3f | %.2f |\n", comparison.peerName.c_str(), peer / comparison.items, ours / peer);
-    } else {
-        std::printf(" | |\n");
-    }
-}
 
 std::vector<ProcessorLevel> MeasuredLevels() {
     std::vector<ProcessorLevel> levels = {BestLevel()};
@@ -81,30 +64,19 @@ std::vector<ProcessorLevel> MeasuredLevels() {
     return levels;
 }
 
-std::vector<Comparison> AllComparisons() {
-    std::vector<Comparison> all = FillComparisons();
-    std::ranges::move(WalkComparisons(), std::back_inserter(all));
-    return all;
-}
-
 void Run() {
-    const std::vector<Comparison> comparisons = AllComparisons();
+    const std::vector<Section> sections = {FillComparisons(), WalkComparisons(), CopyComparisons(), BlendComparisons(),
+                                           OperatorComparisons()};
     const std::vector<ProcessorLevel> levels = MeasuredLevels();
-    for (const Comparison& comparison : comparisons) {
-        for (const ProcessorLevel level : levels) {
-            Register(comparison, level, Role::kOurs, comparison.ours);
-            Register(comparison, level, Role::kReference, comparison.reference);
-            Register(comparison, level, Role::kPeer, comparison.peer);
+    for (const Section& section : sections) {
+        for (const Comparison& comparison : section.comparisons) {
+            Register(comparison, levels);
         }
     }
     BestTimes times;
     benchmark::RunSpecifiedBenchmarks(&times);
-    std::printf("\n| work | level | ours, ns | reference, ns | ratio | limit | peer, ns | ratio |\n"
-                "|---|---|---|---|---|---|---|---|\n");
-    for (const Comparison& comparison : comparisons) {
-        for (const ProcessorLevel level : levels) {
-            PrintLine(comparison, level, times);
-        }
+    for (const Section& section : sections) {
+        PrintSection(section, levels, [&times](const std::string& benchmark) { return times.Of(benchmark); });
     }
 }
 
@@ -116,5 +88,5 @@ int main(int argc, char** argv) {
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
         return 1;
     }
-    tn::bench::Run();
+    tn::bench::RunOnOneThread(tn::bench::Run);
 }

@@ -1,0 +1,85 @@
+#include "Pictures.h"
+
+#include <algorithm>
+#include <cmath>
+#include <new>
+
+namespace tn::bench {
+namespace {
+
+constexpr std::align_val_t kRowAlignment{64};
+
+std::uint8_t NoiseAt(double distance) { return static_cast<std::uint8_t>(1 + static_cast<int>(distance * 1e6) % 254); }
+
+/// The distance is 0 in the middle, 1 at the middle of each edge.
+std::uint8_t AlphaAt(Picture picture, double distance) {
+    switch (picture) {
+    case Picture::kTitle:
+        return static_cast<std::uint8_t>(std::clamp(255.0 * (0.8 - distance) * 40.0, 0.0, 255.0));
+    case Picture::kNoise:
+        return NoiseAt(distance);
+    case Picture::kOtherNoise:
+        return static_cast<std::uint8_t>(255 - NoiseAt(distance));
+    case Picture::kPhotograph:
+        break;
+    }
+    return 255;
+}
+
+double Distance(const TnPoint& at, const TnPoint& size) {
+    return std::hypot(2.0 * at.x / size.x - 1.0, 2.0 * at.y / size.y - 1.0);
+}
+
+std::uint32_t Premultiplied(TnImagePixel pixel) {
+    const std::uint32_t alpha = pixel.Alpha();
+    const auto times = [alpha](std::uint32_t channel) { return (channel * alpha + 127) / 255; };
+    return alpha << 24 | times(pixel.Red()) << 16 | times(pixel.Green()) << 8 | times(pixel.Blue());
+}
+
+template <class Convert> Rows ConvertedRows(const TnImage& image, const Convert& convert) {
+    const TnPoint size = image.Size();
+    const std::size_t bytes = static_cast<std::size_t>(PixelCount(size)) * sizeof(std::uint32_t);
+    auto* const pixels = static_cast<std::uint32_t*>(::operator new(bytes, kRowAlignment));
+    const auto release = [](std::uint32_t* block) { ::operator delete(block, kRowAlignment); };
+    const Rows rows = {{pixels, release}, size.x, size.y};
+    std::transform(image.begin(), image.end(), pixels, convert);
+    return rows;
+}
+
+} // namespace
+
+std::string SizeName(const TnPoint& size) { return std::to_string(size.x) + "x" + std::to_string(size.y); }
+
+double PixelCount(const TnPoint& size) { return double(size.x) * size.y; }
+
+std::string NameOf(Picture picture) {
+    const char* const names[] = {"photograph", "title", "noise", "other noise"};
+    return names[static_cast<int>(picture)];
+}
+
+std::shared_ptr<TnImage> MakePicture(const TnPoint& size, Picture picture) {
+    auto image = std::make_shared<TnImage>(size, true);
+    auto noise = static_cast<std::uint32_t>(picture) + 1;
+    for (auto at = image->begin(); !at.AtEnd(); ++at) {
+        noise = noise * 1664525U + 1013904223U;
+        *at = noise ^ (noise >> 15);
+        at->Alpha(AlphaAt(picture, Distance(at.Position(), size)));
+    }
+    return image;
+}
+
+std::shared_ptr<TnMatte> MakeMatte(const TnPoint& size, Picture picture) {
+    auto matte = std::make_shared<TnMatte>(size, true);
+    for (auto at = matte->begin(); !at.AtEnd(); ++at) {
+        at->Value(AlphaAt(picture, Distance(at.Position(), size)));
+    }
+    return matte;
+}
+
+Rows StraightRows(const TnImage& image) {
+    return ConvertedRows(image, [](TnImagePixel pixel) { return pixel.value; });
+}
+
+Rows PremultipliedRows(const TnImage& image) { return ConvertedRows(image, Premultiplied); }
+
+} // namespace tn::bench

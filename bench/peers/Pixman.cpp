@@ -1,0 +1,46 @@
+#include "Peers.h"
+
+#include <pixman.h>
+
+namespace tn::bench {
+namespace {
+
+struct Image {
+    Rows rows;
+    std::shared_ptr<pixman_image_t> handle;
+};
+
+Image Wrap(const Rows& rows) {
+    auto* const handle =
+        pixman_image_create_bits(PIXMAN_a8r8g8b8, rows.width, rows.height, rows.pixels.get(), rows.RowBytes());
+    return {rows, {handle, pixman_image_unref}};
+}
+
+Work Composite(pixman_op_t operation, const Image& from, const Image& to) {
+    return [=] {
+        pixman_image_composite32(operation, from.handle.get(), nullptr, to.handle.get(), 0, 0, 0, 0, 0, 0,
+                                 to.rows.width, to.rows.height);
+    };
+}
+
+} // namespace
+
+Work PixmanFill(const Rows& to, std::uint32_t word) {
+    const int stride = to.RowBytes() / static_cast<int>(sizeof(std::uint32_t));
+    return [=] { pixman_fill(to.pixels.get(), stride, 32, 0, 0, to.width, to.height, word); };
+}
+
+Work PixmanCopy(const Rows& from, const Rows& to) { return Composite(PIXMAN_OP_SRC, Wrap(from), Wrap(to)); }
+
+Work PixmanOver(const Rows& from, const Rows& to) { return Composite(PIXMAN_OP_OVER, Wrap(from), Wrap(to)); }
+
+Work PixmanOverAt(const Rows& from, const Rows& to, const Offset& offset) {
+    const Image source = Wrap(from);
+    pixman_transform_t toSource;
+    pixman_transform_init_translate(&toSource, pixman_double_to_fixed(-offset.x), pixman_double_to_fixed(-offset.y));
+    pixman_image_set_transform(source.handle.get(), &toSource);
+    pixman_image_set_filter(source.handle.get(), PIXMAN_FILTER_BILINEAR, nullptr, 0);
+    return Composite(PIXMAN_OP_OVER, source, Wrap(to));
+}
+
+} // namespace tn::bench
