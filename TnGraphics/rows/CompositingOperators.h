@@ -53,7 +53,7 @@ struct Blend {
 
 /// The mixture, and n; the pixel stays where n is 0. A transparent source or destination needs no case of its own.
 struct PreBlend {
-    using Easy = WhereAlphasAreHard<0>;
+    using Easy = WhereAlphasAreHard<16>;
 
     template <class Pixels> Pixels operator()(Pixels s, Pixels d) const {
         const Shares<Pixels> shares(s, d);
@@ -65,7 +65,7 @@ struct PreBlend {
 
 /// The mixture where da is not 0, and the smaller of sa and da.
 struct Intersect {
-    using Easy = WhereAlphasAreHard<0>;
+    using Easy = WhereAlphasAreHard<16>;
 
     template <class Pixels> Pixels operator()(Pixels s, Pixels d) const {
         const Pixels mixture = Mixture(s, d, Shares<Pixels>(s, d));
@@ -92,7 +92,7 @@ struct Subtract {
 /// The mixture, and max(sa, da) - sa x da / 255, which is not what taking each out of the other would give; the pixel
 /// stays where n is 0.
 struct ExclusiveOr {
-    using Easy = WhereAlphasAreHard<0>;
+    using Easy = WhereAlphasAreHard<16>;
 
     template <class Pixels> Pixels operator()(Pixels s, Pixels d) const {
         const Shares<Pixels> shares(s, d);

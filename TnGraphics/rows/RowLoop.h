@@ -38,8 +38,8 @@ concept HasEasyWay = requires {
 /// written.
 ///
 /// \tparam Row does a lane: Do(column), and DoFirst(column, count) a part of one; where it knows an easy way,
-///             DoAndLook(column) does the lane and says whether that was easy, and if not, the next pixels are done
-///             without looking. Over<Lanes>() is the row in other lanes
+///             DoIfEasy(column) does the lane and returns true, or returns false and has done nothing; then the next
+///             pixels are done without looking. Over<Lanes>() is the row in other lanes
 template <class Pixels, class Row> TN_ALWAYS_INLINE void DoRow(const Row& row, std::size_t length) {
     const std::size_t rest = length % Pixels::kCount;
     const std::size_t end = length - rest;
@@ -47,9 +47,8 @@ template <class Pixels, class Row> TN_ALWAYS_INLINE void DoRow(const Row& row, s
     while (column < end) {
         std::size_t look = end;
         if constexpr (HasEasyWay<typename Row::Operation>) {
-            bool isEasy = true;
-            for (; column < end && isEasy; column += Pixels::kCount) {
-                isEasy = row.DoAndLook(column);
+            while (column < end && row.DoIfEasy(column)) {
+                column += Pixels::kCount;
             }
             constexpr std::size_t kFar = Row::Operation::Easy::kPixelsBetweenLooks;
             look = end - column < kFar ? end : column + kFar;
@@ -76,11 +75,13 @@ template <class Pixels, class Operator> struct FilledRow {
     void DoFirst(std::size_t column, std::size_t count) const {
         op(Pixels::LoadFirst(row + column, count), Columns(column)).StoreFirst(row + column, count);
     }
-    bool DoAndLook(std::size_t column) const {
+    bool DoIfEasy(std::size_t column) const {
         const Pixels d = Pixels::Load(row + column);
-        const bool isEasy = Operator::Easy::Holds(d);
-        (isEasy ? op.Easily(d, Columns(column)) : op(d, Columns(column))).Store(row + column);
-        return isEasy;
+        if (!Operator::Easy::Holds(d)) {
+            return false;
+        }
+        op.Easily(d, Columns(column)).Store(row + column);
+        return true;
     }
 
     template <class Lanes> FilledRow<Lanes, Operator> Over() const { return {row, op}; }
@@ -105,12 +106,13 @@ struct CompositedRow {
         const Pixels s = prepare(Pixels::LoadFirst(source + column, count));
         op(s, Pixels::LoadFirst(destination + column, count)).StoreFirst(destination + column, count);
     }
-    bool DoAndLook(std::size_t column) const {
+    bool DoIfEasy(std::size_t column) const {
         const Pixels s = prepare(Pixels::Load(source + column));
-        const Pixels d = Pixels::Load(destination + column);
-        const bool isEasy = Operator::Easy::Holds(s);
-        (isEasy ? op.Easily(s, d) : op(s, d)).Store(destination + column);
-        return isEasy;
+        if (!Operator::Easy::Holds(s)) {
+            return false;
+        }
+        op.Easily(s, Pixels::Load(destination + column)).Store(destination + column);
+        return true;
     }
 
     template <class Lanes> CompositedRow<Lanes, Prepare, Operator, Source, Destination> Over() const {
