@@ -22,6 +22,8 @@
 #include "TnGraphics/ops/Fills.h"
 #include "TnGraphics/port/CalcIterBnds.h"
 #include "TnGraphics/port/Exceptions.h"
+#include "TnGraphics/port/StCoerceToTopFieldOnly.h"
+#include "TnGraphics/port/StDisregardAlphaInGet.h"
 #include "TnGraphics/port/TnBitMapHelper.h"
 #include "TnGraphics/port/TnColor.h"
 #include "TnGraphics/port/TnImage.h"
@@ -31,3 +33,4 @@
 #include "TnGraphics/port/TnMatte.h"
 #include "TnGraphics/port/TnMattePixel.h"
 #include "TnGraphics/port/WinBitMapHelper.h"
+#include "TnGraphics/transform/Transform.h"

@@ -17,4 +17,7 @@ constexpr std::int32_t TruncateToInt32(double value) {
 /// The nearest integer, halves away from zero, by the rules of TruncateToInt32 where it leaves 32 bits.
 constexpr std::int32_t RoundToInt32(double value) { return TruncateToInt32(value >= 0.0 ? value + 0.5 : value - 0.5); }
 
+/// True for a value whose integer part fits 32 bits; false for NaN and infinities too.
+constexpr bool FitsInt32(double value) { return value > -2147483649.0 && value < 2147483648.0; }
+
 } // namespace tn

@@ -15,6 +15,9 @@
 /// every lock is released on the way.
 using TnCancelProc = void (*)();
 
+class StCoerceToTopFieldOnly;
+class StDisregardAlphaInGet;
+
 namespace tn {
 
 /// What an iterator walks line by line.
@@ -24,6 +27,8 @@ enum class Lines {
 };
 
 template <class SurfaceType, Lines lines> class SurfaceIterator;
+template <class Pixel> struct PixelGrid;
+template <class Pixel> struct PixelGrid;
 
 /// Where a walk goes. Addresses are integers, because stepping freely may carry them out of the surface's memory; 0 is
 /// nowhere.
@@ -146,6 +151,10 @@ protected:
 
 private:
     template <class, Lines> friend class SurfaceIterator;
+    friend class ::StCoerceToTopFieldOnly;
+    friend class ::StDisregardAlphaInGet;
+    template <class SomeSurface> friend PixelGrid<typename SomeSurface::Pixel> GridOf(const SomeSurface& surface);
+    friend bool DisregardsAlpha(const TnImage& image);
 
     const SurfaceType& Self() const { return static_cast<const SurfaceType&>(*this); }
     bool HasNoSize() const { return size_ == TnPoint{}; }
@@ -160,11 +169,12 @@ private:
 
     static TnCancelProc defaultCancelProc_;
 
+    // Locks and scopes change how a surface shows its pixels, also when it cannot be changed otherwise.
     std::unique_ptr<TnBitMapHelper> storage_;
-    TnPoint size_;
-    std::uint32_t rowBytes_ = 0;
+    mutable TnPoint size_;
+    mutable std::uint32_t rowBytes_ = 0;
     mutable void* pixelBase_ = nullptr;
-    TnRect content_;
+    mutable TnRect content_;
     mutable std::uint32_t clients_ = 0;
     mutable typename Traits::ReadState reading_;
     TnCancelProc cancelProc_;

@@ -16,6 +16,9 @@
 
 namespace tn {
 
+/// How many line changes of a walk there are from one call of the cancel procedure to the next.
+inline constexpr std::uint32_t kLinesPerCancelPoll = 32;
+
 /// A cursor over a rectangle of one surface, line by line. It holds the surface locked for its whole life and calls the
 /// surface's cancel procedure once every 32 line changes.
 ///
@@ -129,7 +132,6 @@ private:
     template <class S, Lines l> friend TnPoint ReportedPosition(const SurfaceIterator<S, l>& iterator);
 
     static constexpr bool kLinesAreRows = lines == Lines::kRows;
-    static constexpr std::uint32_t kLinesPerCancelPoll = 32;
 
     static Pixel* PixelAt(std::uintptr_t address) { return reinterpret_cast<Pixel*>(address); }
     static std::uintptr_t ColumnOffset(std::int64_t columns);

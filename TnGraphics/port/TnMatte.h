@@ -2,6 +2,8 @@
 /// The 8-bit matte.
 #pragma once
 
+#include "TnGraphics/geometry/TnFixed.h"
+#include "TnGraphics/geometry/TnFloat.h"
 #include "TnGraphics/port/SurfaceWalks.h"
 
 /// A surface of 8-bit coverages: alpha channels, smooth masks, luminance keys. See tn::Surface for what it does.
@@ -35,4 +37,30 @@ public:
     TnMatte& operator=(const TnMatte& other);
 
     ~TnMatte();
+
+    // Reads and writes by position. Each locks the matte for its own time, unless the position lies outside. Positions
+    // are relative to the content's top-left corner, but lie outside only beyond the size of the storage, or where they
+    // would leave its memory. What lies outside reads as the outside pixel.
+
+    /// The value at a position.
+    TnMattePixel Get(long x, long y) const;
+    TnMattePixel Get(int x, int y) const { return Get(long{x}, long{y}); } ///< The same for plain literals.
+
+    /// The value between pixels, as the image's, but in the last column and in the last row, where a neighbour is
+    /// missing, positions are outside.
+    TnMattePixel Get(TnFixed x, TnFixed y) const;
+
+    /// The same at a position that is rounded to 1/256 of a pixel. A coordinate that is no number, or whose 256fold
+    /// leaves 32 bits, is outside.
+    TnMattePixel Get(float x, float y) const;
+
+    /// The mean of a rectangle, as the image's, but truncated.
+    TnMattePixel Get(const TnFloatRect& rect) const;
+
+    /// The outside pixel: mattes have no weighted read. Here so that the two kinds of surface can be used alike.
+    TnMattePixel Get(long x, long y, const TnFixed* kx, unsigned long nx, const TnFixed* ky, unsigned long ny) const;
+
+    /// Stores a value at a position; outside it does nothing.
+    void Set(TnMattePixel pixel, long x, long y);
+    void Set(TnMattePixel pixel, int x, int y) { Set(pixel, long{x}, long{y}); } ///< The same for plain literals.
 };

@@ -6,6 +6,7 @@
 #include "TnGraphics/rows/CompositingOperators.h"
 #include "TnGraphics/rows/CopyOperators.h"
 #include "TnGraphics/rows/FillOperators.h"
+#include "TnGraphics/rows/PositionSamplers.h"
 #include "TnGraphics/rows/Preparation.h"
 #include "TnGraphics/rows/ProcessorLevel.h"
 #include "TnGraphics/rows/SubPixelSampler.h"
@@ -27,6 +28,10 @@ using CompositingKernel = void (*)(const Source* source, Destination* destinatio
 using SamplingKernel = void (*)(const TnImagePixel* upper, const TnImagePixel* lower, TnImagePixel* row,
                                 std::size_t length, const SubPixelWeights& weights);
 
+/// Writes to a row what an image has at positions.
+using PositionKernel = void (*)(const PositionSource& source, const PositionList& positions, TnImagePixel* row,
+                                std::size_t length);
+
 /// The kernel of a fill's operator.
 template <class Operator> struct Filling { RowKernel<Operator> kernel; };
 
@@ -42,6 +47,14 @@ template <class Operator, class Source = TnImagePixel, class Destination = TnIma
 
 struct Sampling {
     SamplingKernel kernel;
+};
+
+/// The pixels at whole positions, and what lies between pixels at positions in 16.16.
+struct Fetching {
+    PositionKernel kernel;
+};
+struct Interpolating {
+    PositionKernel kernel;
 };
 
 /// The kernels at one level.
@@ -60,7 +73,9 @@ using RowKernels = KernelTable<
     Compositing<CopyPixel>, Copying<CopyPixel>, Copying<CopyPixel, TnMattePixel, TnMattePixel>, Copying<CopyColor>,
     Copying<CopyAlpha, TnImagePixel, TnMattePixel>, Copying<CopyAlpha, TnMattePixel, TnImagePixel>,
     Copying<CopyLumaToAlpha>, Copying<CopyLumaToAlpha, TnImagePixel, TnMattePixel>,
-    Copying<CopyAlphaToColor, TnMattePixel, TnImagePixel>>;
+    Copying<CopyAlphaToColor, TnMattePixel, TnImagePixel>,
+    // Transforms
+    Fetching, Interpolating>;
 
 namespace portable {
 extern const RowKernels kRowKernels;

@@ -138,6 +138,26 @@ template <class Pixels> struct SampledRow {
     template <class Lanes> SampledRow<Lanes> Over() const { return {upper, lower, row, weights}; }
 };
 
+/// A row of which each pixel comes from a position of its own.
+template <class Pixels, class Sampler> struct PositionedRow {
+    using Operation = Sampler;
+
+    const PositionSource& source;
+    const PositionList& positions;
+    TnImagePixel* row;
+
+    void Do(std::size_t column) const {
+        const auto x = Pixels::Load(positions.x + column);
+        Sampler::Sample(source, x, Pixels::Load(positions.y + column)).Store(row + column);
+    }
+    void DoFirst(std::size_t column, std::size_t count) const {
+        const auto x = Pixels::LoadFirst(positions.x + column, count);
+        Sampler::Sample(source, x, Pixels::LoadFirst(positions.y + column, count)).StoreFirst(row + column, count);
+    }
+
+    template <class Lanes> PositionedRow<Lanes, Sampler> Over() const { return {source, positions, row}; }
+};
+
 template <class Pixels, class Operator> void FillRow(TnImagePixel* row, std::size_t length, const Operator& op) {
     DoRow<Pixels>(FilledRow<Pixels, Operator>{row, op}, length);
 }
@@ -158,6 +178,12 @@ template <class Pixels>
 void SampleRow(const TnImagePixel* upper, const TnImagePixel* lower, TnImagePixel* row, std::size_t length,
                const SubPixelWeights& weights) {
     DoRow<Pixels>(SampledRow<Pixels>{upper, lower, row, weights}, length);
+}
+
+template <class Pixels, class Sampler>
+void SampleAtPositions(const PositionSource& source, const PositionList& positions, TnImagePixel* row,
+                       std::size_t length) {
+    DoRow<Pixels>(PositionedRow<Pixels, Sampler>{source, positions, row}, length);
 }
 
 /// The lanes for pixels of two kinds.
@@ -205,6 +231,14 @@ struct KernelsOver<Pixels, Compositing<Operator, Source, Destination>> {
 
 template <class Pixels> struct KernelsOver<Pixels, Sampling> {
     static constexpr Sampling kKernels = {&SampleRow<Pixels>};
+};
+
+template <class Pixels> struct KernelsOver<Pixels, Fetching> {
+    static constexpr Fetching kKernels = {&SampleAtPositions<Pixels, AtPixels>};
+};
+
+template <class Pixels> struct KernelsOver<Pixels, Interpolating> {
+    static constexpr Interpolating kKernels = {&SampleAtPositions<Pixels, BetweenPixels>};
 };
 
 template <class Pixels, class Table> struct LevelKernels;

@@ -53,10 +53,15 @@ template <class Level> struct Avx2Instructions {
         _mm_storel_epi64(static_cast<__m128i*>(to), _mm_packus_epi16(shorts, shorts));
     }
 
+    static Register Gather32(std::uintptr_t base, Register offsets, Mask32 where, Register otherwise) {
+        return _mm256_mask_i32gather_epi32(otherwise, reinterpret_cast<const int*>(base), offsets, where, 1);
+    }
+
     static Register And(Register a, Register b) { return _mm256_and_si256(a, b); }
     static Register Or(Register a, Register b) { return _mm256_or_si256(a, b); }
     static Register Xor(Register a, Register b) { return _mm256_xor_si256(a, b); }
     static Mask32 OrMask32(Mask32 a, Mask32 b) { return _mm256_or_si256(a, b); }
+    static Mask32 AndMask32(Mask32 a, Mask32 b) { return And(a, b); }
     static bool AnyMask32(Mask32 mask) { return HasBits(mask); }
     static Register Select32(Mask32 mask, Register a, Register b) { return _mm256_blendv_epi8(b, a, mask); }
 
@@ -72,6 +77,7 @@ template <class Level> struct Avx2Instructions {
     static Register Add32(Register a, Register b) { return _mm256_add_epi32(a, b); }
     static Register Subtract32(Register a, Register b) { return _mm256_sub_epi32(a, b); }
     static Register Multiply32(Register a, Register b) { return _mm256_mullo_epi32(a, b); }
+    static Mask32 Less32(Register a, Register b) { return _mm256_cmpgt_epi32(b, a); }
     static Mask32 Equal32(Register a, Register b) { return _mm256_cmpeq_epi32(a, b); }
     template <int bits> static Register ShiftLeft32(Register a) { return _mm256_slli_epi32(a, bits); }
     template <int bits> static Register ShiftRight32(Register a) { return _mm256_srli_epi32(a, bits); }
@@ -105,6 +111,7 @@ template <class Level> struct Avx2Instructions {
     static Register InterleaveHigh32(Register a, Register b) { return _mm256_unpackhi_epi32(a, b); }
     static Register NarrowSigned(Register low, Register high) { return _mm256_packs_epi16(low, high); }
     static Register Narrow32(Register low, Register high) { return _mm256_packs_epi32(low, high); }
+    template <int word> static Register SpreadWord32(Register a) { return _mm256_shuffle_epi32(a, word * 0x55); }
     static Register SpreadFourth32(Register a) { return _mm256_shuffle_epi32(a, 0xFF); }
     static Register SpreadAlphaLow(Register a) { return _mm256_shuffle_epi8(a, AlphasOfTwo(3)); }
     static Register SpreadAlphaHigh(Register a) { return _mm256_shuffle_epi8(a, AlphasOfTwo(11)); }

@@ -34,10 +34,15 @@ struct InstructionSet {
         _mm_storeu_si128(static_cast<__m128i*>(to), _mm512_cvtepi32_epi8(_mm512_srli_epi32(a, 24)));
     }
 
+    static Register Gather32(std::uintptr_t base, Register offsets, Mask32 where, Register otherwise) {
+        return _mm512_mask_i32gather_epi32(otherwise, where, offsets, reinterpret_cast<const void*>(base), 1);
+    }
+
     static Register And(Register a, Register b) { return _mm512_and_si512(a, b); }
     static Register Or(Register a, Register b) { return _mm512_or_si512(a, b); }
     static Register Xor(Register a, Register b) { return _mm512_xor_si512(a, b); }
     static Mask32 OrMask32(Mask32 a, Mask32 b) { return static_cast<Mask32>(a | b); }
+    static Mask32 AndMask32(Mask32 a, Mask32 b) { return static_cast<Mask32>(a & b); }
     static bool AnyMask32(Mask32 mask) { return mask != 0; }
     static Register Select32(Mask32 mask, Register a, Register b) { return _mm512_mask_blend_epi32(mask, b, a); }
 
@@ -54,6 +59,7 @@ struct InstructionSet {
     static Register Add32(Register a, Register b) { return _mm512_add_epi32(a, b); }
     static Register Subtract32(Register a, Register b) { return _mm512_sub_epi32(a, b); }
     static Register Multiply32(Register a, Register b) { return _mm512_mullo_epi32(a, b); }
+    static Mask32 Less32(Register a, Register b) { return _mm512_cmplt_epi32_mask(a, b); }
     static Mask32 Equal32(Register a, Register b) { return _mm512_cmpeq_epi32_mask(a, b); }
     template <int bits> static Register ShiftLeft32(Register a) { return _mm512_slli_epi32(a, bits); }
     template <int bits> static Register ShiftRight32(Register a) { return _mm512_srli_epi32(a, bits); }
@@ -87,6 +93,9 @@ struct InstructionSet {
     static Register InterleaveHigh32(Register a, Register b) { return _mm512_unpackhi_epi32(a, b); }
     static Register NarrowSigned(Register low, Register high) { return _mm512_packs_epi16(low, high); }
     static Register Narrow32(Register low, Register high) { return _mm512_packs_epi32(low, high); }
+    template <int word> static Register SpreadWord32(Register a) {
+        return _mm512_shuffle_epi32(a, static_cast<_MM_PERM_ENUM>(word * 0x55));
+    }
     static Register SpreadFourth32(Register a) { return _mm512_shuffle_epi32(a, _MM_PERM_DDDD); }
     static Register SpreadAlphaLow(Register a) { return _mm512_shuffle_epi8(a, AlphasOfTwo(3)); }
     static Register SpreadAlphaHigh(Register a) { return _mm512_shuffle_epi8(a, AlphasOfTwo(11)); }

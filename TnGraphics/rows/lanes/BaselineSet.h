@@ -55,10 +55,25 @@ struct InstructionSet {
         std::memcpy(to, &bytes, sizeof(bytes));
     }
 
+    static Register Gather32(std::uintptr_t base, Register offsets, Mask32 where, Register otherwise) {
+        std::int32_t from[4];
+        std::uint32_t words[4];
+        Store(from, offsets);
+        Store(words, otherwise);
+        const int lanes = _mm_movemask_ps(_mm_castsi128_ps(where));
+        for (int i = 0; i < 4; ++i) {
+            if ((lanes >> i & 1) != 0) {
+                std::memcpy(&words[i], reinterpret_cast<const void*>(base + static_cast<std::uintptr_t>(from[i])), 4);
+            }
+        }
+        return Load(words);
+    }
+
     static Register And(Register a, Register b) { return _mm_and_si128(a, b); }
     static Register Or(Register a, Register b) { return _mm_or_si128(a, b); }
     static Register Xor(Register a, Register b) { return _mm_xor_si128(a, b); }
     static Mask32 OrMask32(Mask32 a, Mask32 b) { return _mm_or_si128(a, b); }
+    static Mask32 AndMask32(Mask32 a, Mask32 b) { return And(a, b); }
     static bool AnyMask32(Mask32 mask) { return _mm_movemask_epi8(mask) != 0; }
     static Register Select32(Mask32 mask, Register a, Register b) {
         return _mm_or_si128(_mm_and_si128(mask, a), _mm_andnot_si128(mask, b));
@@ -81,6 +96,7 @@ struct InstructionSet {
         return _mm_unpacklo_epi32(_mm_shuffle_epi32(even, _MM_SHUFFLE(3, 1, 2, 0)),
                                   _mm_shuffle_epi32(odd, _MM_SHUFFLE(3, 1, 2, 0)));
     }
+    static Mask32 Less32(Register a, Register b) { return _mm_cmplt_epi32(a, b); }
     static Mask32 Equal32(Register a, Register b) { return _mm_cmpeq_epi32(a, b); }
     template <int bits> static Register ShiftLeft32(Register a) { return _mm_slli_epi32(a, bits); }
     template <int bits> static Register ShiftRight32(Register a) { return _mm_srli_epi32(a, bits); }
@@ -119,6 +135,7 @@ struct InstructionSet {
     static Register InterleaveHigh32(Register a, Register b) { return _mm_unpackhi_epi32(a, b); }
     static Register NarrowSigned(Register low, Register high) { return _mm_packs_epi16(low, high); }
     static Register Narrow32(Register low, Register high) { return _mm_packs_epi32(low, high); }
+    template <int word> static Register SpreadWord32(Register a) { return _mm_shuffle_epi32(a, word * 0x55); }
     static Register SpreadFourth32(Register a) { return _mm_shuffle_epi32(a, 0xFF); }
     static Register SpreadAlphaLow(Register a) { return SpreadFourth16(WidenLow(a)); }
     static Register SpreadAlphaHigh(Register a) { return SpreadFourth16(WidenHigh(a)); }

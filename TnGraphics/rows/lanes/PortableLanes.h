@@ -1,6 +1,7 @@
 // Private: lanes of one pixel. They are complete for every operator and say what the vector lanes compute.
 #pragma once
 
+#include "TnGraphics/port/Bilinear.h"
 #include "TnGraphics/port/TnImagePixel.h"
 #include "TnGraphics/port/TnMattePixel.h"
 
@@ -77,6 +78,7 @@ struct PixelMask {
 };
 
 constexpr PixelMask operator|(PixelMask a, PixelMask b) { return {a.mask || b.mask}; }
+constexpr PixelMask operator&(PixelMask a, PixelMask b) { return {a.mask && b.mask}; }
 
 /// One pixel as a 32-bit word. Arithmetic is modulo 2^32. A matte's pixel is the alpha of a word whose colour is 0.
 struct Pixels {
@@ -99,8 +101,14 @@ struct Pixels {
 
     static Pixels Load(const TnImagePixel* from) { return {from->value}; } ///< kCount pixels.
     static Pixels Load(const TnMattePixel* from) { return {std::uint32_t{from->value} << 24}; }
-    void Store(TnImagePixel* to) const { to->value = word; } ///< kCount pixels.
+    static Pixels Load(const std::int32_t* from) { return {static_cast<std::uint32_t>(*from)}; } ///< Words.
+    void Store(TnImagePixel* to) const { to->value = word; }                                     ///< kCount pixels.
     void Store(TnMattePixel* to) const { to->value = static_cast<std::uint8_t>(word >> 24); }
+
+    /// The pixels at offsets in bytes from an address, where the mask says so.
+    static Pixels Gather(std::uintptr_t base, Pixels offsets, PixelMask where, Pixels otherwise) {
+        return where.mask ? Load(reinterpret_cast<const TnImagePixel*>(base + offsets.word)) : otherwise;
+    }
 
     template <class Pixel> static Pixels LoadFirst(const Pixel*, std::size_t) { return {0}; } ///< Fewer than kCount.
     template <class Pixel> void StoreFirst(Pixel*, std::size_t) const {}                      ///< Fewer than kCount.
@@ -131,26 +139,26 @@ struct Pixels {
 
     template <int bits> constexpr Pixels ShiftedLeft() const { return {word << bits}; }
     template <int bits> constexpr Pixels ShiftedRight() const { return {word >> bits}; }
+    template <int bits> constexpr Pixels ShiftedRightSigned() const {
+        return {static_cast<std::uint32_t>(static_cast<std::int32_t>(word) >> bits)};
+    }
 };
 
 /// Sums of the channels of four neighbouring pixels times their weights; see rows/SubPixelSampler.h.
 struct Pixels::Sums {
-    struct Weights {
-        std::uint32_t right; ///< 1 to 255
-        std::uint32_t lower; ///< 0 to 256
+    using Weights = BilinearWeights;
 
-        constexpr Weights(std::uint32_t ofRight, std::uint32_t ofLower) : right(ofRight), lower(ofLower) {}
+    /// The same for pixels that have weights of their own, 1 to 255 across.
+    struct WeightsOfEach : BilinearWeights {
+        constexpr WeightsOfEach(Pixels right, Pixels lower) : BilinearWeights(right.word, lower.word) {}
     };
 
     std::array<std::uint32_t, 4> values = {};
 
     template <class Neighbors> constexpr Sums(const Neighbors& pixels, const Weights& weights) {
         for (std::size_t i = 0; i < values.size(); ++i) {
-            const auto across = [&](Pixels left, Pixels right) {
-                return left.Channel(i) * (256 - weights.right) + right.Channel(i) * weights.right;
-            };
-            values[i] = across(pixels.upperLeft, pixels.upperRight) * (256 - weights.lower) +
-                        across(pixels.lowerLeft, pixels.lowerRight) * weights.lower;
+            values[i] = weights.Sum(pixels.upperLeft.Channel(i), pixels.upperRight.Channel(i),
+                                    pixels.lowerLeft.Channel(i), pixels.lowerRight.Channel(i));
         }
     }
 
@@ -178,6 +186,7 @@ constexpr Pixels operator-(Pixels a, Pixels b) { return {a.word - b.word}; }
 constexpr Pixels operator*(Pixels a, Pixels b) { return {a.word * b.word}; }
 
 constexpr PixelMask operator==(Pixels a, Pixels b) { return {a.word == b.word}; }
+constexpr PixelMask Below(Pixels a, std::uint32_t limit) { return {a.word < limit}; } ///< Without a sign.
 constexpr Pixels Select(PixelMask mask, Pixels a, Pixels b) { return mask.mask ? a : b; }
 
 template <class Function> constexpr Pixels ForEachByte(Pixels a, Pixels b, const Function& function) {

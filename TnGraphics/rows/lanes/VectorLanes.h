@@ -66,6 +66,7 @@ template <class Set> struct PixelMask {
 
     bool Any() const { return Set::AnyMask32(mask); }
     friend PixelMask operator|(PixelMask a, PixelMask b) { return {Set::OrMask32(a.mask, b.mask)}; }
+    friend PixelMask operator&(PixelMask a, PixelMask b) { return {Set::AndMask32(a.mask, b.mask)}; }
 };
 
 template <class Set> struct PixelLanes;
@@ -99,11 +100,13 @@ template <class Set> struct PixelLanes {
     static PixelLanes Counting(std::uint32_t from) { return {Set::Add32(Set::All32(from), Set::Indices32())}; }
 
     static PixelLanes Load(const TnImagePixel* from) { return {Set::Load(from)}; }
+    static PixelLanes Load(const std::int32_t* from) { return {Set::Load(from)}; }
     static PixelLanes Load(const TnMattePixel* from) { return {Set::LoadAlphas(from)}; }
     void Store(TnImagePixel* to) const { Set::Store(to, words); }
     void Store(TnMattePixel* to) const { Set::StoreAlphas(to, words); }
 
     static PixelLanes LoadFirst(const TnImagePixel* from, std::size_t count) { return {Set::LoadFirst(from, count)}; }
+    static PixelLanes LoadFirst(const std::int32_t* from, std::size_t count) { return {Set::LoadFirst(from, count)}; }
     static PixelLanes LoadFirst(const TnMattePixel* from, std::size_t count) {
         std::uint8_t values[kCount] = {};
         std::memcpy(values, from, count);
@@ -127,6 +130,15 @@ template <class Set> struct PixelLanes {
     bool HasBits() const { return Set::HasBits(words); }
     template <int bits> PixelLanes ShiftedLeft() const { return {Set::template ShiftLeft32<bits>(words)}; }
     template <int bits> PixelLanes ShiftedRight() const { return {Set::template ShiftRight32<bits>(words)}; }
+    template <int bits> PixelLanes ShiftedRightSigned() const {
+        return {Set::template ShiftRightSigned32<bits>(words)};
+    }
+
+    // Instructions take offsets with a sign, so the middle of their range becomes the base.
+    static PixelLanes Gather(std::uintptr_t base, PixelLanes offsets, PixelMask<Set> where, PixelLanes otherwise) {
+        const PixelLanes fromMiddle = offsets - All(kMiddle);
+        return {Set::Gather32(base + kMiddle, fromMiddle.words, where.mask, otherwise.words)};
+    }
 
     friend PixelLanes operator&(PixelLanes a, PixelLanes b) { return {Set::And(a.words, b.words)}; }
     friend PixelLanes operator|(PixelLanes a, PixelLanes b) { return {Set::Or(a.words, b.words)}; }
@@ -134,6 +146,9 @@ template <class Set> struct PixelLanes {
     friend PixelLanes operator-(PixelLanes a, PixelLanes b) { return {Set::Subtract32(a.words, b.words)}; }
     friend PixelLanes operator*(PixelLanes a, PixelLanes b) { return {Set::Multiply32(a.words, b.words)}; }
     friend PixelMask<Set> operator==(PixelLanes a, PixelLanes b) { return {Set::Equal32(a.words, b.words)}; }
+    friend PixelMask<Set> Below(PixelLanes a, std::uint32_t limit) {
+        return {Set::Less32((a - All(kMiddle)).words, Set::All32(limit - kMiddle))};
+    }
     friend PixelLanes Select(PixelMask<Set> mask, PixelLanes a, PixelLanes b) {
         return {Set::Select32(mask.mask, a.words, b.words)};
     }
@@ -168,13 +183,18 @@ template <class Set> struct PixelLanes {
         return {Channels::DividedHalf(channels.low, by.low, reciprocals.low),
                 Channels::DividedHalf(channels.high, by.high, reciprocals.high)};
     }
+
+private:
+    static constexpr std::uint32_t kMiddle = 0x80000000; // of numbers without a sign
 };
 
 /// Sums of the channels of a register of pixels, a quarter of the pixels in each of four registers. They are short by
-/// 2^23: signed instructions multiply channels less 128, and 128 times the sum of the weights is that number.
+/// 2^23: signed instructions multiply channels less 128, and 128 times the sum of the weights is that number. The
+/// weights across are 1 to 255.
 template <class Set> struct PixelLanes<Set>::Sums {
     using Register = typename Set::Register;
 
+    /// One pair of weights for all pixels.
     struct Weights {
         Register across; ///< Of left and right pixels, in pairs of bytes.
         Register down;   ///< Of upper and lower pixels, in pairs of 16 bits.
@@ -182,17 +202,33 @@ template <class Set> struct PixelLanes<Set>::Sums {
         Weights(std::uint32_t right, std::uint32_t lower)
             : across(Set::All16(static_cast<std::uint16_t>(right << 8 | (256 - right)))),
               down(Set::All32(lower << 16 | (256 - lower))) {}
+
+        Channels Across() const { return Channels::Both(across); }
+        template <int quarter> Register Down() const { return down; }
+    };
+
+    /// Weights for each pixel.
+    struct WeightsOfEach {
+        Channels across;
+        Register down;
+
+        WeightsOfEach(PixelLanes right, PixelLanes lower)
+            : across((right.template ShiftedLeft<8>() | (All(256) - right)).Spread()),
+              down((lower.template ShiftedLeft<16>() | (All(256) - lower)).words) {}
+
+        Channels Across() const { return across; }
+        template <int quarter> Register Down() const { return Set::template SpreadWord32<quarter>(down); }
     };
 
     Register quarters[4];
 
-    template <class Neighbors> Sums(const Neighbors& pixels, const Weights& weights) {
-        const Channels upper = Across(pixels.upperLeft, pixels.upperRight, weights);
-        const Channels lower = Across(pixels.lowerLeft, pixels.lowerRight, weights);
-        quarters[0] = Set::PairSums16(Set::InterleaveLow16(upper.low, lower.low), weights.down);
-        quarters[1] = Set::PairSums16(Set::InterleaveHigh16(upper.low, lower.low), weights.down);
-        quarters[2] = Set::PairSums16(Set::InterleaveLow16(upper.high, lower.high), weights.down);
-        quarters[3] = Set::PairSums16(Set::InterleaveHigh16(upper.high, lower.high), weights.down);
+    template <class Neighbors, class SomeWeights> Sums(const Neighbors& pixels, const SomeWeights& weights) {
+        const Channels upper = RowSum(pixels.upperLeft, pixels.upperRight, weights.Across());
+        const Channels lower = RowSum(pixels.lowerLeft, pixels.lowerRight, weights.Across());
+        quarters[0] = Set::PairSums16(Set::InterleaveLow16(upper.low, lower.low), weights.template Down<0>());
+        quarters[1] = Set::PairSums16(Set::InterleaveHigh16(upper.low, lower.low), weights.template Down<1>());
+        quarters[2] = Set::PairSums16(Set::InterleaveLow16(upper.high, lower.high), weights.template Down<2>());
+        quarters[3] = Set::PairSums16(Set::InterleaveHigh16(upper.high, lower.high), weights.template Down<3>());
     }
 
     PixelLanes UpperHalves() const {
@@ -218,12 +254,12 @@ template <class Set> struct PixelLanes<Set>::Sums {
 private:
     static constexpr std::uint32_t kSigns = 0x80808080;
 
-    static Channels Across(PixelLanes left, PixelLanes right, const Weights& weights) {
+    static Channels RowSum(PixelLanes left, PixelLanes right, Channels weights) {
         const Register signs = Set::All32(kSigns);
         const Register l = Set::Xor(left.words, signs);
         const Register r = Set::Xor(right.words, signs);
-        return {Set::WeightedPairs8(weights.across, Set::InterleaveLow8(l, r)),
-                Set::WeightedPairs8(weights.across, Set::InterleaveHigh8(l, r))};
+        return {Set::WeightedPairs8(weights.low, Set::InterleaveLow8(l, r)),
+                Set::WeightedPairs8(weights.high, Set::InterleaveHigh8(l, r))};
     }
 };
 

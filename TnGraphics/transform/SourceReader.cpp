@@ -1,0 +1,79 @@
+#include "TnGraphics/transform/SourceReader.h"
+
+#include "TnGraphics/port/ImageSampling.h"
+#include "TnGraphics/port/MatteSampling.h"
+#include "TnGraphics/rows/RowKernels.h"
+
+namespace tn {
+namespace {
+
+// Lanes hold offsets in 32 bits.
+bool FitsLanes(const PixelGrid<TnImagePixel>& grid) {
+    const std::uint64_t rows = static_cast<std::uint64_t>(grid.size.y) * grid.rowBytes;
+    return rows + static_cast<std::uint64_t>(grid.size.x) * sizeof(TnImagePixel) <= 0xFFFFFFFF;
+}
+
+template <class Pixel>
+void FetchOneByOne(const PixelGrid<Pixel>& grid, const Positions& positions, Pixel outside, Pixel* row,
+                   std::size_t count) {
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::int32_t x = positions.x[i];
+        const std::int32_t y = positions.y[i];
+        row[i] = grid.Has(x, y) ? *grid.At(x, y) : outside;
+    }
+}
+
+} // namespace
+
+template <class Source>
+SourceReader<Source>::SourceReader(const Source& source) : lock_(source), grid_(GridOf(source)) {}
+
+template <> void SourceReader<TnImage>::Fetch(const Positions& positions, TnImagePixel* row, std::size_t count) const {
+    if (FitsLanes(grid_)) {
+        ActiveKernels<Fetching>().kernel({grid_, Outside()}, {positions.x.data(), positions.y.data()}, row, count);
+    } else {
+        FetchOneByOne(grid_, positions, Outside(), row, count);
+    }
+}
+
+template <> void SourceReader<TnMatte>::Fetch(const Positions& positions, TnMattePixel* row, std::size_t count) const {
+    FetchOneByOne(grid_, positions, Outside(), row, count);
+}
+
+template <>
+void SourceReader<TnImage>::Interpolate(const Positions& positions, TnImagePixel* row, std::size_t count) const {
+    const bool disregardsAlpha = DisregardsAlpha(Surface());
+    if (FitsLanes(grid_)) {
+        ActiveKernels<Interpolating>().kernel({grid_, Outside(), disregardsAlpha},
+                                              {positions.x.data(), positions.y.data()}, row, count);
+        return;
+    }
+    for (std::size_t i = 0; i < count; ++i) {
+        row[i] = BilinearMean(grid_, SplitPosition(TnFixed{positions.x[i]}), SplitPosition(TnFixed{positions.y[i]}),
+                              Outside(), disregardsAlpha);
+    }
+}
+
+template <>
+void SourceReader<TnMatte>::Interpolate(const Positions& positions, TnMattePixel* row, std::size_t count) const {
+    for (std::size_t i = 0; i < count; ++i) {
+        const MattePosition at = {SplitPosition(TnFixed{positions.x[i]}), SplitPosition(TnFixed{positions.y[i]})};
+        row[i] = HasNeighbors(grid_.size, at) ? BilinearMean(grid_, at, Outside()) : Outside();
+    }
+}
+
+template <> TnMattePixel SourceReader<TnMatte>::Interpolated(float x, float y) const {
+    const auto at = PositionOf(x, y);
+    return at && HasNeighbors(grid_.size, *at) ? BilinearMean(grid_, *at, Outside()) : Outside();
+}
+
+template <class Source> typename Source::Pixel SourceReader<Source>::Mean(const TnFloatRect& rect) const {
+    const bool isInside =
+        IsArea(rect) && HasArea(grid_, AreaSpan(rect.left, rect.width), AreaSpan(rect.top, rect.height));
+    return isInside ? AreaMean(grid_, rect, Outside()) : Outside();
+}
+
+template class SourceReader<TnImage>;
+template class SourceReader<TnMatte>;
+
+} // namespace tn
