@@ -70,20 +70,30 @@ struct BetweenPixels {
         const Pixels none = Pixels::All(0);
         const Pixels column = x.template ShiftedRightSigned<16>();
         const Pixels row = y.template ShiftedRightSigned<16>();
-        const Pixels part = Pixels::All(255) & x.template ShiftedRight<8>();
-        const Pixels lower = Pixels::All(255) & y.template ShiftedRight<8>();
         const Pixels offsets = grid.Offsets(column, row);
-        const Pixels rightStep = Select(grid.HasRight(column), Pixels::All(sizeof(TnImagePixel)), none);
-        const Pixels belowStep = Select(grid.HasBelow(row), grid.RowBytes(), none);
+        const auto hasRight = grid.HasRight(column);
+        const auto hasBelow = grid.HasBelow(row);
+        const Pixels rightStep = Select(hasRight, Pixels::All(sizeof(TnImagePixel)), none);
+        const Pixels belowStep = Select(hasBelow, grid.RowBytes(), none);
         const auto where = grid.Has(column, row) & grid.IsInBlock(offsets + rightStep + belowStep);
 
-        // Lanes take weights of a byte across. On a column of pixels these have all the weight, and are taken twice.
+        const Pixels part = Pixels::All(255) & x.template ShiftedRight<8>();
+        const Pixels lower = Pixels::All(255) & y.template ShiftedRight<8>();
         const auto isOnColumn = part == none;
-        const Pixels toRight = Select(isOnColumn, none, rightStep);
+        Neighbors<Pixels> neighbors;
+        if ((where & hasRight & hasBelow).Every()) {
+            Pixels::GatherPairs(grid.source.grid.base, offsets, neighbors.upperLeft, neighbors.upperRight);
+            Pixels::GatherPairs(grid.source.grid.base, offsets + belowStep, neighbors.lowerLeft, neighbors.lowerRight);
+        } else {
+            neighbors = {grid.Gather(offsets, where, none), grid.Gather(offsets + rightStep, where, none),
+                         grid.Gather(offsets + belowStep, where, none),
+                         grid.Gather(offsets + belowStep + rightStep, where, none)};
+        }
+
+        // Lanes take weights of a byte across. On a column of pixels these have all the weight, and are taken twice.
+        neighbors.upperRight = Select(isOnColumn, neighbors.upperLeft, neighbors.upperRight);
+        neighbors.lowerRight = Select(isOnColumn, neighbors.lowerLeft, neighbors.lowerRight);
         const Pixels right = Select(isOnColumn, Pixels::All(128), part);
-        const Neighbors<Pixels> neighbors = {
-            grid.Gather(offsets, where, none), grid.Gather(offsets + toRight, where, none),
-            grid.Gather(offsets + belowStep, where, none), grid.Gather(offsets + belowStep + toRight, where, none)};
         const typename Pixels::Sums::WeightsOfEach weights(right, lower);
         const Pixels mean = source.disregardsAlpha ? PlainMean(neighbors, weights) : VisibleMean(neighbors, weights);
         return Select(where, mean, Pixels::All(source.outside));

@@ -9,6 +9,7 @@
 #include "TnGraphics/rows/PositionSamplers.h"
 #include "TnGraphics/rows/Preparation.h"
 #include "TnGraphics/rows/ProcessorLevel.h"
+#include "TnGraphics/rows/ProjectedPositions.h"
 #include "TnGraphics/rows/SubPixelSampler.h"
 
 #include <array>
@@ -31,6 +32,10 @@ using SamplingKernel = void (*)(const TnImagePixel* upper, const TnImagePixel* l
 /// Writes to a row what an image has at positions.
 using PositionKernel = void (*)(const PositionSource& source, const PositionList& positions, TnImagePixel* row,
                                 std::size_t length);
+
+/// Writes the coordinates of pixels for homogeneous positions.
+using ProjectionKernel = void (*)(const HomogeneousList& positions, std::int32_t* x, std::int32_t* y,
+                                  std::size_t length);
 
 /// The kernel of a fill's operator.
 template <class Operator> struct Filling { RowKernel<Operator> kernel; };
@@ -57,6 +62,9 @@ struct Interpolating {
     PositionKernel kernel;
 };
 
+/// From positions to coordinates by RoundedQuotient or TruncatedQuotient.
+template <class Quotient> struct Projecting { ProjectionKernel kernel; };
+
 /// The kernels at one level.
 template <class... Kernels> struct KernelTable : Kernels... {};
 
@@ -75,7 +83,7 @@ using RowKernels = KernelTable<
     Copying<CopyLumaToAlpha>, Copying<CopyLumaToAlpha, TnImagePixel, TnMattePixel>,
     Copying<CopyAlphaToColor, TnMattePixel, TnImagePixel>,
     // Transforms
-    Fetching, Interpolating>;
+    Projecting<RoundedQuotient>, Projecting<TruncatedQuotient>, Fetching, Interpolating>;
 
 namespace portable {
 extern const RowKernels kRowKernels;

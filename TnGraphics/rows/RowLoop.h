@@ -186,6 +186,21 @@ void SampleAtPositions(const PositionSource& source, const PositionList& positio
     DoRow<Pixels>(PositionedRow<Pixels, Sampler>{source, positions, row}, length);
 }
 
+/// Plain loops, which compilers turn into the level's instructions by themselves as long as each does one thing.
+template <class Pixels, class Quotient>
+void ProjectPositions(const HomogeneousList& positions, std::int32_t* x, std::int32_t* y, std::size_t length) {
+    const auto project = [w = positions.w, length](float* from, std::int32_t* to) {
+        for (std::size_t i = 0; i < length; ++i) {
+            from[i] = CoordinateQuotient<Pixels>(from[i], w[i]);
+        }
+        for (std::size_t i = 0; i < length; ++i) {
+            to[i] = Quotient::template Of<Pixels>(from[i]);
+        }
+    };
+    project(positions.x, x);
+    project(positions.y, y);
+}
+
 /// The lanes for pixels of two kinds.
 template <class Pixels, class Source, class Destination> struct LanesFor { using Type = Pixels; };
 template <class Pixels> struct LanesFor<Pixels, TnMattePixel, TnMattePixel> { using Type = typename Pixels::Mattes; };
@@ -231,6 +246,10 @@ struct KernelsOver<Pixels, Compositing<Operator, Source, Destination>> {
 
 template <class Pixels> struct KernelsOver<Pixels, Sampling> {
     static constexpr Sampling kKernels = {&SampleRow<Pixels>};
+};
+
+template <class Pixels, class Quotient> struct KernelsOver<Pixels, Projecting<Quotient>> {
+    static constexpr Projecting<Quotient> kKernels = {&ProjectPositions<Pixels, Quotient>};
 };
 
 template <class Pixels> struct KernelsOver<Pixels, Fetching> {

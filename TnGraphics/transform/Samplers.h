@@ -3,37 +3,25 @@
 // procedure is called.
 #pragma once
 
-#include "TnGraphics/geometry/Rounding.h"
+#include "TnGraphics/rows/RowKernels.h"
 #include "TnGraphics/transform/SourceReader.h"
 #include "TnGraphics/transform/Steps.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 
 namespace tn {
 
-/// A position that every surface has outside.
-inline constexpr std::int32_t kNowhere = -1;
-
-/// Truncates a coordinate; one that leaves 32 bits or is no number is nowhere.
-inline std::int32_t TruncatedCoordinate(double value) { return FitsInt32(value) ? TruncateToInt32(value) : kNowhere; }
-
-/// Rounds a coordinate, halves away from zero.
-inline std::int32_t RoundedCoordinate(double value) {
-    return TruncatedCoordinate(value > 0.0 ? value + 0.5 : value - 0.5);
-}
-
-/// Reads the source at one position for each pixel.
+/// Affine: reads the source at positions in 16.16.
 ///
-/// \tparam Steps   where the positions are
-/// \tparam convert what their coordinates become
+/// \tparam convert what coordinates become
 /// \tparam read    what of SourceReader reads there
-template <class Source, class Steps, auto convert, auto read> class PositionSampler {
+template <class Source, auto convert, auto read> class FixedSampler {
 public:
     static constexpr bool kPollsSource = true;
 
-    PositionSampler(const SourceReader<Source>& reader, const TransformMatrix& matrix)
-        : reader_(reader), steps_(matrix) {}
+    FixedSampler(const SourceReader<Source>& reader, const TransformMatrix& matrix) : reader_(reader), steps_(matrix) {}
 
     void StartRow(std::int32_t y) { steps_.StartRow(y); }
     void Sample(typename Source::Pixel* row, std::size_t count) {
@@ -47,28 +35,56 @@ public:
 
 private:
     const SourceReader<Source>& reader_;
-    Steps steps_;
+    FixedSteps steps_;
     Positions positions_;
 };
 
 inline std::int32_t WholePart(std::int32_t fixed) { return fixed >> 16; }
 inline std::int32_t Unchanged(std::int32_t fixed) { return fixed; }
 
-/// Affine, nearest: the pixel in which a position falls.
-template <class Source>
-using FixedNearest = PositionSampler<Source, FixedSteps, WholePart, &SourceReader<Source>::Fetch>;
+/// Nearest: the pixel in which a position falls.
+template <class Source> using FixedNearest = FixedSampler<Source, WholePart, &SourceReader<Source>::Fetch>;
 
-/// Affine, smooth: between the pixels.
-template <class Source>
-using FixedSmooth = PositionSampler<Source, FixedSteps, Unchanged, &SourceReader<Source>::Interpolate>;
+/// Smooth: between the pixels.
+template <class Source> using FixedSmooth = FixedSampler<Source, Unchanged, &SourceReader<Source>::Interpolate>;
 
-/// Projective, nearest: the pixel nearest to the position.
-template <class Source>
-using ProjectiveNearest = PositionSampler<Source, ProjectiveSteps, RoundedCoordinate, &SourceReader<Source>::Fetch>;
+/// Projective: reads the source's pixels.
+///
+/// \tparam Quotient which pixel a position means
+template <class Source, class Quotient> class ProjectiveSampler {
+public:
+    static constexpr bool kPollsSource = true;
 
-/// Projective, smooth, from an image, which cannot be read between pixels there: the position is truncated.
-using ProjectiveTruncated =
-    PositionSampler<TnImage, ProjectiveSteps, TruncatedCoordinate, &SourceReader<TnImage>::Fetch>;
+    ProjectiveSampler(const SourceReader<Source>& reader, const TransformMatrix& matrix)
+        : reader_(reader), steps_(matrix), project_(ActiveKernels<Projecting<Quotient>>().kernel) {}
+
+    void StartRow(std::int32_t y) { steps_.StartRow(y); }
+    void Sample(typename Source::Pixel* row, std::size_t count) {
+        for (std::size_t i = 0; i < count; ++i) {
+            x_[i] = steps_.X();
+            y_[i] = steps_.Y();
+            w_[i] = steps_.W();
+            steps_.Next();
+        }
+        project_({x_.data(), y_.data(), w_.data()}, positions_.x.data(), positions_.y.data(), count);
+        reader_.Fetch(positions_, row, count);
+    }
+
+private:
+    const SourceReader<Source>& reader_;
+    ProjectiveSteps steps_;
+    ProjectionKernel project_;
+    std::array<float, kPositions> x_;
+    std::array<float, kPositions> y_;
+    std::array<float, kPositions> w_;
+    Positions positions_;
+};
+
+/// Nearest: the pixel nearest to the position, halves away from zero.
+template <class Source> using ProjectiveNearest = ProjectiveSampler<Source, RoundedQuotient>;
+
+/// Smooth, from an image, which cannot be read between pixels there: the position truncated towards zero.
+using ProjectiveTruncated = ProjectiveSampler<TnImage, TruncatedQuotient>;
 
 /// Projective, smooth, from a matte: between the pixels.
 class ProjectiveSmooth {
@@ -81,7 +97,7 @@ public:
     void StartRow(std::int32_t y) { steps_.StartRow(y); }
     void Sample(TnMattePixel* row, std::size_t count) {
         for (std::size_t i = 0; i < count; ++i) {
-            row[i] = reader_.Interpolated(steps_.X(), steps_.Y());
+            row[i] = reader_.Interpolated(steps_.X() / steps_.W(), steps_.Y() / steps_.W());
             steps_.Next();
         }
     }

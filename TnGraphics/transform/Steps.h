@@ -60,8 +60,9 @@ public:
         w_ += entries_.m[2][0];
     }
 
-    float X() const { return x_ / w_; }
-    float Y() const { return y_ / w_; }
+    float X() const { return x_; }
+    float Y() const { return y_; }
+    float W() const { return w_; }
 
 private:
     Matrix<float, 3, 3> entries_;

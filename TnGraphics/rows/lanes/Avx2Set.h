@@ -56,12 +56,24 @@ template <class Level> struct Avx2Instructions {
     static Register Gather32(std::uintptr_t base, Register offsets, Mask32 where, Register otherwise) {
         return _mm256_mask_i32gather_epi32(otherwise, reinterpret_cast<const int*>(base), offsets, where, 1);
     }
+    static void GatherPairs32(std::uintptr_t base, Register offsets, Register& left, Register& right) {
+        const auto* const from = reinterpret_cast<const long long*>(base);
+        const Register low = _mm256_i32gather_epi64(from, _mm256_castsi256_si128(offsets), 1);
+        const Register high = _mm256_i32gather_epi64(from, _mm256_extracti128_si256(offsets, 1), 1);
+        const Register first = _mm256_permute2x128_si256(low, high, 0x20);
+        const Register second = _mm256_permute2x128_si256(low, high, 0x31);
+        const Register lefts = _mm256_unpacklo_epi32(first, _mm256_srli_si256(first, 8));
+        const Register others = _mm256_unpacklo_epi32(second, _mm256_srli_si256(second, 8));
+        left = _mm256_unpacklo_epi64(lefts, others);
+        right = _mm256_unpackhi_epi64(lefts, others);
+    }
 
     static Register And(Register a, Register b) { return _mm256_and_si256(a, b); }
     static Register Or(Register a, Register b) { return _mm256_or_si256(a, b); }
     static Register Xor(Register a, Register b) { return _mm256_xor_si256(a, b); }
     static Mask32 OrMask32(Mask32 a, Mask32 b) { return _mm256_or_si256(a, b); }
     static Mask32 AndMask32(Mask32 a, Mask32 b) { return And(a, b); }
+    static bool EveryMask32(Mask32 mask) { return _mm256_movemask_epi8(mask) == -1; }
     static bool AnyMask32(Mask32 mask) { return HasBits(mask); }
     static Register Select32(Mask32 mask, Register a, Register b) { return _mm256_blendv_epi8(b, a, mask); }
 

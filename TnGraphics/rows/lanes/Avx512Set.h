@@ -37,12 +37,21 @@ struct InstructionSet {
     static Register Gather32(std::uintptr_t base, Register offsets, Mask32 where, Register otherwise) {
         return _mm512_mask_i32gather_epi32(otherwise, where, offsets, reinterpret_cast<const void*>(base), 1);
     }
+    static void GatherPairs32(std::uintptr_t base, Register offsets, Register& left, Register& right) {
+        const auto* const from = reinterpret_cast<const void*>(base);
+        const Register low = _mm512_i32gather_epi64(_mm512_castsi512_si256(offsets), from, 1);
+        const Register high = _mm512_i32gather_epi64(_mm512_extracti64x4_epi64(offsets, 1), from, 1);
+        const Register even = Add32(Indices32(), Indices32());
+        left = _mm512_permutex2var_epi32(low, even, high);
+        right = _mm512_permutex2var_epi32(low, Add32(even, All32(1)), high);
+    }
 
     static Register And(Register a, Register b) { return _mm512_and_si512(a, b); }
     static Register Or(Register a, Register b) { return _mm512_or_si512(a, b); }
     static Register Xor(Register a, Register b) { return _mm512_xor_si512(a, b); }
     static Mask32 OrMask32(Mask32 a, Mask32 b) { return static_cast<Mask32>(a | b); }
     static Mask32 AndMask32(Mask32 a, Mask32 b) { return static_cast<Mask32>(a & b); }
+    static bool EveryMask32(Mask32 mask) { return mask == 0xFFFF; }
     static bool AnyMask32(Mask32 mask) { return mask != 0; }
     static Register Select32(Mask32 mask, Register a, Register b) { return _mm512_mask_blend_epi32(mask, b, a); }
 

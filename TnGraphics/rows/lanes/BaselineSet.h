@@ -68,12 +68,24 @@ struct InstructionSet {
         }
         return Load(words);
     }
+    static void GatherPairs32(std::uintptr_t base, Register offsets, Register& left, Register& right) {
+        std::int32_t from[4];
+        Store(from, offsets);
+        const auto pair = [&](int lane) {
+            return _mm_loadl_epi64(reinterpret_cast<const __m128i*>(base + static_cast<std::uintptr_t>(from[lane])));
+        };
+        const Register first = _mm_unpacklo_epi32(pair(0), pair(1));
+        const Register second = _mm_unpacklo_epi32(pair(2), pair(3));
+        left = _mm_unpacklo_epi64(first, second);
+        right = _mm_unpackhi_epi64(first, second);
+    }
 
     static Register And(Register a, Register b) { return _mm_and_si128(a, b); }
     static Register Or(Register a, Register b) { return _mm_or_si128(a, b); }
     static Register Xor(Register a, Register b) { return _mm_xor_si128(a, b); }
     static Mask32 OrMask32(Mask32 a, Mask32 b) { return _mm_or_si128(a, b); }
     static Mask32 AndMask32(Mask32 a, Mask32 b) { return And(a, b); }
+    static bool EveryMask32(Mask32 mask) { return _mm_movemask_epi8(mask) == 0xFFFF; }
     static bool AnyMask32(Mask32 mask) { return _mm_movemask_epi8(mask) != 0; }
     static Register Select32(Mask32 mask, Register a, Register b) {
         return _mm_or_si128(_mm_and_si128(mask, a), _mm_andnot_si128(mask, b));

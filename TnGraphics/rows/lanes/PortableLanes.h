@@ -73,8 +73,8 @@ constexpr Channels DividedBy255(const Channels& channels) {
 struct PixelMask {
     bool mask;
 
-    /// True when there is such a pixel.
-    constexpr bool Any() const { return mask; }
+    constexpr bool Any() const { return mask; }   ///< True when there is such a pixel.
+    constexpr bool Every() const { return mask; } ///< True when there is no other pixel.
 };
 
 constexpr PixelMask operator|(PixelMask a, PixelMask b) { return {a.mask || b.mask}; }
@@ -108,6 +108,13 @@ struct Pixels {
     /// The pixels at offsets in bytes from an address, where the mask says so.
     static Pixels Gather(std::uintptr_t base, Pixels offsets, PixelMask where, Pixels otherwise) {
         return where.mask ? Load(reinterpret_cast<const TnImagePixel*>(base + offsets.word)) : otherwise;
+    }
+
+    /// The pixels at offsets and those to their right.
+    static void GatherPairs(std::uintptr_t base, Pixels offsets, Pixels& left, Pixels& right) {
+        const auto* const pixels = reinterpret_cast<const TnImagePixel*>(base + offsets.word);
+        left = Load(pixels);
+        right = Load(pixels + 1);
     }
 
     template <class Pixel> static Pixels LoadFirst(const Pixel*, std::size_t) { return {0}; } ///< Fewer than kCount.

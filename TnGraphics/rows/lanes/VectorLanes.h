@@ -65,6 +65,7 @@ template <class Set> struct PixelMask {
     typename Set::Mask32 mask;
 
     bool Any() const { return Set::AnyMask32(mask); }
+    bool Every() const { return Set::EveryMask32(mask); }
     friend PixelMask operator|(PixelMask a, PixelMask b) { return {Set::OrMask32(a.mask, b.mask)}; }
     friend PixelMask operator&(PixelMask a, PixelMask b) { return {Set::AndMask32(a.mask, b.mask)}; }
 };
@@ -138,6 +139,10 @@ template <class Set> struct PixelLanes {
     static PixelLanes Gather(std::uintptr_t base, PixelLanes offsets, PixelMask<Set> where, PixelLanes otherwise) {
         const PixelLanes fromMiddle = offsets - All(kMiddle);
         return {Set::Gather32(base + kMiddle, fromMiddle.words, where.mask, otherwise.words)};
+    }
+
+    static void GatherPairs(std::uintptr_t base, PixelLanes offsets, PixelLanes& left, PixelLanes& right) {
+        Set::GatherPairs32(base + kMiddle, (offsets - All(kMiddle)).words, left.words, right.words);
     }
 
     friend PixelLanes operator&(PixelLanes a, PixelLanes b) { return {Set::And(a.words, b.words)}; }
