@@ -34,16 +34,6 @@ struct AreaSpan {
         const std::uint32_t share = (static_cast<std::uint32_t>(start) + static_cast<std::uint32_t>(extent)) & 255U;
         return share == 0 ? 256U : share;
     }
-
-    /// Calls visit with the index of each pixel from 0 and its share.
-    template <class Visit> void ForEach(const Visit& visit) const {
-        visit(std::int64_t{0}, FirstShare());
-        std::int64_t index = 1;
-        for (; index < LastIndex(); ++index) {
-            visit(index, 256U);
-        }
-        visit(index, LastShare());
-    }
 };
 
 /// True for a rectangle with fields that are numbers and at least one pixel wide and high.
@@ -58,33 +48,59 @@ template <class Pixel> bool HasArea(const PixelGrid<Pixel>& grid, const AreaSpan
            grid.Has(columns.First() + columns.LastIndex(), rows.First() + rows.LastIndex());
 }
 
-/// Calls add with each pixel of the area and its weight in 256ths: the products of the shares of its row and column.
-template <class Pixel, class Add>
-void ForEachWeighted(const PixelGrid<Pixel>& grid, const AreaSpan& columns, const AreaSpan& rows, const Add& add) {
-    rows.ForEach([&](std::int64_t row, std::uint32_t rowShare) {
-        const Pixel* const pixels = grid.At(columns.First(), rows.First() + row);
-        columns.ForEach(
-            [&](std::int64_t column, std::uint32_t columnShare) { add(pixels[column], columnShare * rowShare >> 8); });
-    });
-}
-
-/// The area's size in 256ths of a pixel, by which sums of weighted channels are divided.
-inline std::uint64_t AreaDivisor(const AreaSpan& columns, const AreaSpan& rows) {
-    const std::uint64_t size = static_cast<std::uint64_t>(std::int64_t{columns.extent} * rows.extent) >> 8;
-    return size == 0 ? 1 : size; // extents that left 32 bits may come out as 0
-}
-
-/// The mean of a rectangle that lies inside the matte; outside for one that IsArea refuses.
-inline TnMattePixel AreaMean(const PixelGrid<TnMattePixel>& grid, const TnFloatRect& rect, TnMattePixel outside) {
-    if (!IsArea(rect)) {
-        return outside;
+/// Adds a row's pixels, the first and the last of them by their shares.
+template <class Sum, class Pixel>
+void AddRow(Sum& sum, const Pixel* pixels, const AreaSpan& columns, std::uint32_t rowShare) {
+    const std::int64_t last = columns.LastIndex();
+    sum.Add(pixels[0], columns.FirstShare() * rowShare >> 8);
+    for (std::int64_t column = 1; column < last; ++column) {
+        sum.Add(pixels[column], rowShare);
     }
-    const AreaSpan columns(rect.left, rect.width);
-    const AreaSpan rows(rect.top, rect.height);
-    std::uint32_t sum = 0;
-    ForEachWeighted(grid, columns, rows,
-                    [&sum](TnMattePixel pixel, std::uint32_t weight) { sum += pixel.value * weight; });
-    return static_cast<std::uint8_t>(sum / AreaDivisor(columns, rows));
+    sum.Add(pixels[last], columns.LastShare() * rowShare >> 8);
+}
+
+/// The sum over the area of pixels times weights in 256ths, the products of the shares of their rows and columns.
+template <class Sum, class Pixel>
+Sum SumOf(const PixelGrid<Pixel>& grid, const AreaSpan& columns, const AreaSpan& rows) {
+    Sum sum;
+    const std::int64_t last = rows.LastIndex();
+    const auto row = [&](std::int64_t index) { return grid.At(columns.First(), rows.First() + index); };
+    AddRow(sum, row(0), columns, rows.FirstShare());
+    for (std::int64_t index = 1; index < last; ++index) {
+        AddRow(sum, row(index), columns, 256);
+    }
+    AddRow(sum, row(last), columns, rows.LastShare());
+    return sum;
+}
+
+/// Divides by the area's size in 256ths of a pixel. A double holds sums of 32 bits exactly, and no quotient that is
+/// short of a whole number is as near to it as doubles of that size are to each other.
+class AreaDivision {
+public:
+    AreaDivision(const AreaSpan& columns, const AreaSpan& rows) {
+        const std::uint64_t size = static_cast<std::uint64_t>(std::int64_t{columns.extent} * rows.extent) >> 8;
+        divisor_ = static_cast<double>(size == 0 ? 1 : size); // extents that left 32 bits may come out as 0
+        half_ = static_cast<double>(size >> 1);
+    }
+
+    std::uint32_t Truncated(std::uint32_t sum) const { return static_cast<std::uint32_t>(double(sum) / divisor_); }
+    std::uint32_t Rounded(std::uint32_t sum) const {
+        return static_cast<std::uint32_t>(static_cast<std::int64_t>((double(sum) + half_) / divisor_));
+    }
+
+private:
+    double divisor_;
+    double half_;
+};
+
+/// The mean of the area, which lies in the matte.
+inline TnMattePixel AreaMean(const PixelGrid<TnMattePixel>& grid, const AreaSpan& columns, const AreaSpan& rows) {
+    struct Sum {
+        std::uint32_t value = 0;
+        void Add(TnMattePixel pixel, std::uint32_t weight) { value += pixel.value * weight; }
+    };
+    const Sum sum = SumOf<Sum>(grid, columns, rows);
+    return static_cast<std::uint8_t>(AreaDivision(columns, rows).Truncated(sum.value));
 }
 
 } // namespace tn

@@ -94,24 +94,29 @@ TnImagePixel BilinearMean(const PixelGrid<TnImagePixel>& grid, const SplitPositi
                         {column.part, row.part}, disregardsAlpha);
 }
 
+TnImagePixel AreaMean(const PixelGrid<TnImagePixel>& grid, const AreaSpan& columns, const AreaSpan& rows) {
+    struct Sum {
+        ChannelSums channels = {};
+        void Add(TnImagePixel pixel, std::uint32_t weight) { AddWeighted(channels, pixel, weight); }
+    };
+    Sum sum = SumOf<Sum>(grid, columns, rows);
+    const AreaDivision division(columns, rows);
+    for (std::uint32_t& channel : sum.channels) {
+        channel = division.Rounded(channel);
+    }
+    return PixelOf(sum.channels);
+}
+
 TnImagePixel AreaMean(const PixelGrid<TnImagePixel>& grid, const TnFloatRect& rect, TnImagePixel outside) {
-    constexpr std::int64_t kMostPixels = 65535;
     if (!IsArea(rect)) {
-        return outside;
+        return outside; // a half of a larger area can be too narrow
     }
     const AreaSpan columns(rect.left, rect.width);
     const AreaSpan rows(rect.top, rect.height);
-    if (columns.Count() * rows.Count() > kMostPixels) {
+    if (columns.Count() * rows.Count() > kMostPixelsInArea) {
         return MeanOfLargeArea(grid, rect, columns.Count() > 2, outside);
     }
-    ChannelSums sums = {};
-    ForEachWeighted(grid, columns, rows,
-                    [&sums](TnImagePixel pixel, std::uint32_t weight) { AddWeighted(sums, pixel, weight); });
-    const std::uint64_t divisor = AreaDivisor(columns, rows);
-    for (std::uint32_t& sum : sums) {
-        sum = static_cast<std::uint32_t>((sum + (divisor >> 1)) / divisor);
-    }
-    return PixelOf(sums);
+    return AreaMean(grid, columns, rows);
 }
 
 } // namespace tn

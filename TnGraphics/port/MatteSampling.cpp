@@ -63,7 +63,7 @@ TnMattePixel TnMatte::Get(const TnFloatRect& rect) const {
         return OutsidePixel();
     }
     const tn::ClientLock<TnMatte> lock(*this);
-    return tn::AreaMean(tn::GridOf(*this), rect, OutsidePixel());
+    return tn::AreaMean(tn::GridOf(*this), tn::AreaSpan(rect.left, rect.width), tn::AreaSpan(rect.top, rect.height));
 }
 
 TnMattePixel TnMatte::Get(long, long, const TnFixed*, unsigned long, const TnFixed*, unsigned long) const {

@@ -4,6 +4,8 @@
 #include "TnGraphics/port/MatteSampling.h"
 #include "TnGraphics/rows/RowKernels.h"
 
+#include <type_traits>
+
 namespace tn {
 namespace {
 
@@ -68,9 +70,20 @@ template <> TnMattePixel SourceReader<TnMatte>::Interpolated(float x, float y) c
 }
 
 template <class Source> typename Source::Pixel SourceReader<Source>::Mean(const TnFloatRect& rect) const {
-    const bool isInside =
-        IsArea(rect) && HasArea(grid_, AreaSpan(rect.left, rect.width), AreaSpan(rect.top, rect.height));
-    return isInside ? AreaMean(grid_, rect, Outside()) : Outside();
+    if (!IsArea(rect)) {
+        return Outside();
+    }
+    const AreaSpan columns(rect.left, rect.width);
+    const AreaSpan rows(rect.top, rect.height);
+    if (!HasArea(grid_, columns, rows)) {
+        return Outside();
+    }
+    if constexpr (std::is_same_v<Source, TnImage>) {
+        if (columns.Count() * rows.Count() > kMostPixelsInArea) {
+            return AreaMean(grid_, rect, Outside());
+        }
+    }
+    return AreaMean(grid_, columns, rows);
 }
 
 template class SourceReader<TnImage>;
