@@ -132,7 +132,8 @@ TnImagePixel TnImage::Get(TnFixed x, TnFixed y) const {
         return OutsidePixel();
     }
     const tn::ClientLock<TnImage> lock(*this);
-    return tn::BilinearMean(tn::GridOf(*this), column, row, OutsidePixel(), tn::DisregardsAlpha(*this));
+    return tn::BilinearMean(tn::ReadAccess::GridOf(*this), column, row, OutsidePixel(),
+                            tn::ReadAccess::DisregardsAlpha(*this));
 }
 
 TnImagePixel TnImage::Get(const TnFloatRect& rect) const {
@@ -140,13 +141,13 @@ TnImagePixel TnImage::Get(const TnFloatRect& rect) const {
         return OutsidePixel();
     }
     const tn::ClientLock<TnImage> lock(*this);
-    return tn::AreaMean(tn::GridOf(*this), rect, OutsidePixel());
+    return tn::AreaMean(tn::ReadAccess::GridOf(*this), rect, OutsidePixel());
 }
 
 TnImagePixel TnImage::Get(long x, long y, const TnFixed* kx, unsigned long nx, const TnFixed* ky,
                           unsigned long ny) const {
     const tn::ClientLock<TnImage> lock(*this);
-    const auto grid = tn::GridOf(*this);
+    const auto grid = tn::ReadAccess::GridOf(*this);
     tn::ChannelSums sums = {};
     for (unsigned long j = 0; j < ny; ++j) {
         for (unsigned long i = 0; i < nx; ++i) {

@@ -40,7 +40,7 @@ TnMattePixel Interpolated(const TnMatte& matte, const tn::MattePosition& at) {
         return matte.OutsidePixel();
     }
     const tn::ClientLock<TnMatte> lock(matte);
-    return tn::BilinearMean(tn::GridOf(matte), at, matte.OutsidePixel());
+    return tn::BilinearMean(tn::ReadAccess::GridOf(matte), at, matte.OutsidePixel());
 }
 
 } // namespace
@@ -63,7 +63,8 @@ TnMattePixel TnMatte::Get(const TnFloatRect& rect) const {
         return OutsidePixel();
     }
     const tn::ClientLock<TnMatte> lock(*this);
-    return tn::AreaMean(tn::GridOf(*this), tn::AreaSpan(rect.left, rect.width), tn::AreaSpan(rect.top, rect.height));
+    return tn::AreaMean(tn::ReadAccess::GridOf(*this), tn::AreaSpan(rect.left, rect.width),
+                        tn::AreaSpan(rect.top, rect.height));
 }
 
 TnMattePixel TnMatte::Get(long, long, const TnFixed*, unsigned long, const TnFixed*, unsigned long) const {

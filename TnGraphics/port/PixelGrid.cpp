@@ -14,7 +14,7 @@ std::uint64_t LastOffset(const TnBitMapHelper& storage, std::uintptr_t base, std
 
 } // namespace
 
-template <class SurfaceType> PixelGrid<typename SurfaceType::Pixel> GridOf(const SurfaceType& surface) {
+template <class SurfaceType> PixelGrid<typename SurfaceType::Pixel> ReadAccess::GridOf(const SurfaceType& surface) {
     using Pixel = typename SurfaceType::Pixel;
     const auto base = reinterpret_cast<std::uintptr_t>(surface.PixelBase());
     if (base == 0) {
@@ -26,9 +26,9 @@ template <class SurfaceType> PixelGrid<typename SurfaceType::Pixel> GridOf(const
     return {base, surface.RowBytes(), surface.StorageSize(), lastOffset};
 }
 
-bool DisregardsAlpha(const TnImage& image) { return image.reading_.disregardAlpha > 0; }
+bool ReadAccess::DisregardsAlpha(const TnImage& image) { return image.reading_.disregardAlpha > 0; }
 
-template PixelGrid<TnImagePixel> GridOf(const TnImage&);
-template PixelGrid<TnMattePixel> GridOf(const TnMatte&);
+template PixelGrid<TnImagePixel> ReadAccess::GridOf(const TnImage&);
+template PixelGrid<TnMattePixel> ReadAccess::GridOf(const TnMatte&);
 
 } // namespace tn

@@ -31,10 +31,13 @@ private:
     }
 };
 
-/// The grid of a locked surface.
-template <class SurfaceType> PixelGrid<typename SurfaceType::Pixel> GridOf(const SurfaceType& surface);
+/// What reads by position need to know of a surface's inside.
+struct ReadAccess {
+    /// The grid of a locked surface.
+    template <class SurfaceType> static PixelGrid<typename SurfaceType::Pixel> GridOf(const SurfaceType& surface);
 
-/// True while a StDisregardAlphaInGet scope is open.
-bool DisregardsAlpha(const TnImage& image);
+    /// True while a StDisregardAlphaInGet scope is open.
+    static bool DisregardsAlpha(const TnImage& image);
+};
 
 } // namespace tn

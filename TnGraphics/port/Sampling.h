@@ -21,7 +21,7 @@ typename SurfaceType::Pixel ReadPixel(const SurfaceType& surface, std::int64_t x
         return surface.OutsidePixel();
     }
     const ClientLock<SurfaceType> lock(surface);
-    const auto grid = GridOf(surface);
+    const auto grid = ReadAccess::GridOf(surface);
     return grid.Has(x, y) ? *grid.At(x, y) : surface.OutsidePixel();
 }
 
@@ -29,7 +29,7 @@ template <class SurfaceType>
 void WritePixel(const SurfaceType& surface, std::int64_t x, std::int64_t y, typename SurfaceType::Pixel pixel) {
     if (IsWithinSize(surface, x, y)) {
         const ClientLock<SurfaceType> lock(surface);
-        const auto grid = GridOf(surface);
+        const auto grid = ReadAccess::GridOf(surface);
         if (grid.Has(x, y)) {
             *grid.At(x, y) = pixel;
         }

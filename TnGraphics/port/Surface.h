@@ -27,8 +27,8 @@ enum class Lines {
 };
 
 template <class SurfaceType, Lines lines> class SurfaceIterator;
-template <class Pixel> struct PixelGrid;
-template <class Pixel> struct PixelGrid;
+struct ReadAccess;
+struct ReadAccess;
 
 /// Where a walk goes. Addresses are integers, because stepping freely may carry them out of the surface's memory; 0 is
 /// nowhere.
@@ -153,8 +153,7 @@ private:
     template <class, Lines> friend class SurfaceIterator;
     friend class ::StCoerceToTopFieldOnly;
     friend class ::StDisregardAlphaInGet;
-    template <class SomeSurface> friend PixelGrid<typename SomeSurface::Pixel> GridOf(const SomeSurface& surface);
-    friend bool DisregardsAlpha(const TnImage& image);
+    friend struct ReadAccess;
 
     const SurfaceType& Self() const { return static_cast<const SurfaceType&>(*this); }
     bool HasNoSize() const { return size_ == TnPoint{}; }

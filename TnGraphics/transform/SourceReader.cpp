@@ -28,7 +28,7 @@ void FetchOneByOne(const PixelGrid<Pixel>& grid, const Positions& positions, Pix
 } // namespace
 
 template <class Source>
-SourceReader<Source>::SourceReader(const Source& source) : lock_(source), grid_(GridOf(source)) {}
+SourceReader<Source>::SourceReader(const Source& source) : lock_(source), grid_(ReadAccess::GridOf(source)) {}
 
 template <> void SourceReader<TnImage>::Fetch(const Positions& positions, TnImagePixel* row, std::size_t count) const {
     if (FitsLanes(grid_)) {
@@ -44,7 +44,7 @@ template <> void SourceReader<TnMatte>::Fetch(const Positions& positions, TnMatt
 
 template <>
 void SourceReader<TnImage>::Interpolate(const Positions& positions, TnImagePixel* row, std::size_t count) const {
-    const bool disregardsAlpha = DisregardsAlpha(Surface());
+    const bool disregardsAlpha = ReadAccess::DisregardsAlpha(Surface());
     if (FitsLanes(grid_)) {
         ActiveKernels<Interpolating>().kernel({grid_, Outside(), disregardsAlpha},
                                               {positions.x.data(), positions.y.data()}, row, count);

@@ -125,16 +125,19 @@ template <class Level> struct Avx2Instructions {
     static Register Narrow32(Register low, Register high) { return _mm256_packs_epi32(low, high); }
     template <int word> static Register SpreadWord32(Register a) { return _mm256_shuffle_epi32(a, word * 0x55); }
     static Register SpreadFourth32(Register a) { return _mm256_shuffle_epi32(a, 0xFF); }
-    static Register SpreadAlphaLow(Register a) { return _mm256_shuffle_epi8(a, AlphasOfTwo(3)); }
-    static Register SpreadAlphaHigh(Register a) { return _mm256_shuffle_epi8(a, AlphasOfTwo(11)); }
+    static Register SpreadAlphaLow(Register a) {
+        return _mm256_shuffle_epi8(a, _mm256_broadcastsi128_si256(AlphasOfTwo(3)));
+    }
+    static Register SpreadAlphaHigh(Register a) {
+        return _mm256_shuffle_epi8(a, _mm256_broadcastsi128_si256(AlphasOfTwo(11)));
+    }
 
-private:
-    // In each 128 bits the alphas of two pixels, the first of them in the given byte, as 16-bit numbers.
-    static Register AlphasOfTwo(std::uint8_t first) {
-        const std::uint64_t channel = 0x80U << 8 | first; // 0x80 gives 0
-        const std::uint64_t pixel = channel * 0x0001000100010001;
-        return _mm256_broadcastsi128_si256(
-            _mm_set_epi64x(static_cast<long long>(pixel + 0x0004000400040004), static_cast<long long>(pixel)));
+    /// The choice of the alphas of two pixels, the first of them in the given byte, as 16-bit numbers in each channel.
+    static __m128i AlphasOfTwo(int first) {
+        constexpr char kZero = -128;
+        const auto a = static_cast<char>(first);
+        const auto b = static_cast<char>(first + 4);
+        return _mm_setr_epi8(a, kZero, a, kZero, a, kZero, a, kZero, b, kZero, b, kZero, b, kZero, b, kZero);
     }
 };
 

@@ -106,16 +106,11 @@ struct InstructionSet {
         return _mm512_shuffle_epi32(a, static_cast<_MM_PERM_ENUM>(word * 0x55));
     }
     static Register SpreadFourth32(Register a) { return _mm512_shuffle_epi32(a, _MM_PERM_DDDD); }
-    static Register SpreadAlphaLow(Register a) { return _mm512_shuffle_epi8(a, AlphasOfTwo(3)); }
-    static Register SpreadAlphaHigh(Register a) { return _mm512_shuffle_epi8(a, AlphasOfTwo(11)); }
-
-private:
-    // In each 128 bits the alphas of two pixels, the first of them in the given byte, as 16-bit numbers.
-    static Register AlphasOfTwo(std::uint8_t first) {
-        const std::uint64_t channel = 0x80U << 8 | first; // 0x80 gives 0
-        const std::uint64_t pixel = channel * 0x0001000100010001;
-        return _mm512_broadcast_i32x4(
-            _mm_set_epi64x(static_cast<long long>(pixel + 0x0004000400040004), static_cast<long long>(pixel)));
+    static Register SpreadAlphaLow(Register a) {
+        return _mm512_shuffle_epi8(a, _mm512_broadcast_i32x4(Narrower::AlphasOfTwo(3)));
+    }
+    static Register SpreadAlphaHigh(Register a) {
+        return _mm512_shuffle_epi8(a, _mm512_broadcast_i32x4(Narrower::AlphasOfTwo(11)));
     }
 };
 
