@@ -58,7 +58,7 @@ struct AtPixels {
     template <class Pixels> static Pixels Sample(const PositionSource& source, Pixels x, Pixels y) {
         const GridLanes<Pixels> grid = {source};
         const Pixels offsets = grid.Offsets(x, y);
-        return grid.Gather(offsets, grid.Has(x, y) & grid.IsInBlock(offsets), Pixels::All(source.outside));
+        return grid.Gather(offsets, grid.Has(x, y) & grid.IsInBlock(offsets), Pixels::All(source.outside.value));
     }
 };
 
@@ -96,7 +96,7 @@ struct BetweenPixels {
         const Pixels right = Select(isOnColumn, Pixels::All(128), part);
         const typename Pixels::Sums::WeightsOfEach weights(right, lower);
         const Pixels mean = source.disregardsAlpha ? PlainMean(neighbors, weights) : VisibleMean(neighbors, weights);
-        return Select(where, mean, Pixels::All(source.outside));
+        return Select(where, mean, Pixels::All(source.outside.value));
     }
 };
 
