@@ -9,7 +9,8 @@ namespace {
 
 constexpr std::uint32_t kColorBits = 0x00FFFFFF;
 
-// The colours of the last call. No row holds on to what is in them, since a cancel procedure may begin another call.
+// The colours of the last call. Each row starts from what is in them by then, since a cancel procedure may make a call
+// of its own.
 constinit std::vector<TnImagePixel> wanted;
 constinit std::vector<TnImagePixel> replacements;
 
@@ -23,21 +24,22 @@ TnImagePixel Replacement(std::uint32_t color) {
     return replacements.back();
 }
 
+void ReplaceColors(const TnImagePixel* source, TnImagePixel* destination, std::size_t length) {
+    for (std::size_t column = 0; column < length; ++column) {
+        destination[column] = Replacement(source[column].value & kColorBits);
+    }
+}
+
 } // namespace
 
 void TnCopyMapColor(const TnImage& source, TnImage& destination, const TnPoint& at,
                     const std::vector<TnImagePixel>& from, const std::vector<TnImagePixel>& to) {
     wanted = from;
     replacements = to;
-    if (replacements.empty()) {
-        return;
-    }
     tn::PlaceRows(source, destination, tn::WholePixels(tn::ToFixed(at)), destination.Bounds(),
                   [](const TnImage::Iterator& sourceRow, const TnImage::Iterator& destinationRow, std::size_t length) {
-                      const TnImagePixel* s = &*sourceRow;
-                      TnImagePixel* d = &*destinationRow;
-                      for (std::size_t column = 0; column < length; ++column) {
-                          d[column] = Replacement(s[column].value & kColorBits);
+                      if (!replacements.empty()) {
+                          ReplaceColors(&*sourceRow, &*destinationRow, length);
                       }
                   });
 }
