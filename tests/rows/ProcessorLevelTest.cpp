@@ -1,5 +1,7 @@
 #include "tests/support/Levels.h"
 
+#include <algorithm>
+#include <functional>
 #include <gtest/gtest.h>
 #include <iterator>
 #include <set>
@@ -23,16 +25,24 @@ const RowKernels& TableOf(ProcessorLevel level) {
     throw std::invalid_argument("no such level");
 }
 
-template <class Operator> RowKernel<Operator> KernelAt(ProcessorLevel level) {
-    return static_cast<const KernelSlot<Operator>&>(TableOf(level)).kernel;
+// True when two levels share none of the kernels of an entry of the table.
+template <class Kernels> bool AreDistinct(const Kernels& a, const Kernels& b) {
+    if constexpr (requires { a.kernels; }) {
+        return std::ranges::mismatch(a.kernels, b.kernels, std::not_equal_to()).in1 == a.kernels.end();
+    } else {
+        return a.kernel != b.kernel;
+    }
 }
 
-template <class... Operators> void ExpectKernelsOfTheirOwn(const KernelTable<Operators...>&) {
+template <class Kernels> bool AreDistinctAt(ProcessorLevel level, ProcessorLevel other) {
+    return AreDistinct<Kernels>(TableOf(level), TableOf(other));
+}
+
+template <class... Kernels> void ExpectKernelsOfTheirOwn(const KernelTable<Kernels...>&) {
     for (const ProcessorLevel level : kProcessorLevels) {
         for (const ProcessorLevel other : kProcessorLevels) {
             if (level != other) {
-                EXPECT_TRUE(((KernelAt<Operators>(level) != KernelAt<Operators>(other)) && ...))
-                    << NameOf(level) << " and " << NameOf(other);
+                EXPECT_TRUE((AreDistinctAt<Kernels>(level, other) && ...)) << NameOf(level) << " and " << NameOf(other);
             }
         }
     }

@@ -35,8 +35,12 @@ public:
 
     explicit Picture(Random& random) : Picture(random, random.Size(), random.OneOf(kBackings)) {}
 
-    Picture(Random& random, const TnPoint& size, Backing backing)
-        : backing_(backing), surface_(MakeSurface(size, backing)) {
+    /// On storage of any backing. In half of the cases it is the library's own, since pages take their time.
+    Picture(Random& random, const TnPoint& size, TnCancelProc cancelProc)
+        : Picture(random, size, random.OneIn(2) ? Backing::kOwnStorage : random.OneOf(kBackings), cancelProc) {}
+
+    Picture(Random& random, const TnPoint& size, Backing backing, TnCancelProc cancelProc = &PollWatch::Proc)
+        : backing_(backing), surface_(MakeSurface(size, backing, cancelProc)) {
         Model model = Snapshot();
         std::generate(model.values.begin(), model.values.end(), [&] { return RandomValue(random); });
         Restore(model);
@@ -46,6 +50,7 @@ public:
     }
 
     SurfaceType& Surface() { return surface_; }
+    const SurfaceType& Surface() const { return surface_; }
 
     /// Everything that can be read in the rows: the spare bytes beside the pixels too, up to some dozens.
     Model Snapshot() const {
@@ -67,12 +72,12 @@ private:
     static constexpr std::array<Backing, 3> kBackings = {Backing::kOwnStorage, Backing::kGuardAfter,
                                                          Backing::kGuardBefore};
 
-    static SurfaceType MakeSurface(const TnPoint& size, Backing backing) {
+    static SurfaceType MakeSurface(const TnPoint& size, Backing backing, TnCancelProc cancelProc) {
         if (backing == Backing::kOwnStorage) {
-            return SurfaceType(size, false, &PollWatch::Proc);
+            return SurfaceType(size, false, cancelProc);
         }
         const Guard guard = backing == Backing::kGuardAfter ? Guard::kAfterRows : Guard::kBeforeRows;
-        return SurfaceType(new GuardedStorage(size, sizeof(Value), guard), size, &PollWatch::Proc);
+        return SurfaceType(new GuardedStorage(size, sizeof(Value), guard), size, cancelProc);
     }
 
     static Value RandomValue(Random& random) {
