@@ -20,7 +20,7 @@ TnFixedPoint BetweenPixels() { return {TnFixed::FromDouble(kCorner.x + 0.4), TnF
 
 // The backdrop fades out towards the right, where its colours stay in pixels that cannot be seen.
 TnImage MakeBackdrop(const TnImage& picture) {
-    TnImage backdrop = Reduced(picture, kTile);
+    TnImage backdrop = Fitted(picture, kTile);
     for (auto pixel = backdrop.begin(); !pixel.AtEnd(); ++pixel) {
         const double share = 1.0 * pixel.Position().x / kTile.x;
         pixel->Alpha(static_cast<std::uint8_t>(255.0 * std::clamp((0.78 - share) / 0.36, 0.0, 1.0)));
@@ -33,7 +33,7 @@ TnImage MakeCutOut(TnImage picture) {
     const TnPoint size = picture.Size();
     const std::int32_t width = std::max(size.x * 2 / 5, 1);
     picture.Content({size.x * 9 / 20, size.y / 5, width, std::max(width * kCutOut.y / kCutOut.x, 1)});
-    TnImage cutOut = Reduced(picture, kCutOut);
+    TnImage cutOut = Fitted(picture, kCutOut);
     CutOutOval(cutOut, 0.75, 1.0);
     return cutOut;
 }

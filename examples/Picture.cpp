@@ -5,32 +5,18 @@
 
 namespace {
 
-// The pixels that the one at this position stands for, at least one.
-TnRect Block(const TnPoint& at, const TnPoint& size, const TnPoint& whole) {
-    const auto scaled = [](std::int32_t position, std::int32_t extent, std::int32_t wholeExtent) {
-        return static_cast<std::int32_t>(std::int64_t{position} * wholeExtent / extent);
+// The largest part of the middle that has the shape of the size.
+TnRect MiddleOfShape(const TnRect& rect, const TnPoint& shape) {
+    const auto longest = [](std::int32_t extent, std::int32_t other, std::int32_t along, std::int32_t across) {
+        return std::clamp<std::int32_t>(static_cast<std::int32_t>(std::int64_t{other} * along / across), 1, extent);
     };
-    const std::int32_t left = scaled(at.x, size.x, whole.x);
-    const std::int32_t top = scaled(at.y, size.y, whole.y);
-    return {left, top, std::max(scaled(at.x + 1, size.x, whole.x) - left, 1),
-            std::max(scaled(at.y + 1, size.y, whole.y) - top, 1)};
+    const std::int32_t width = longest(rect.width, rect.height, shape.x, shape.y);
+    const std::int32_t height = longest(rect.height, rect.width, shape.y, shape.x);
+    return {rect.left + (rect.width - width) / 2, rect.top + (rect.height - height) / 2, width, height};
 }
 
-TnImagePixel Mean(const TnImage& picture, const TnRect& block) {
-    std::uint64_t alpha = 0;
-    std::uint64_t red = 0;
-    std::uint64_t green = 0;
-    std::uint64_t blue = 0;
-    std::uint64_t count = 0;
-    for (auto pixel = picture.begin(block); !pixel.AtEnd(); ++pixel, ++count) {
-        alpha += pixel->Alpha();
-        red += pixel->Red();
-        green += pixel->Green();
-        blue += pixel->Blue();
-    }
-    const auto mean = [count](std::uint64_t sum) { return static_cast<std::uint32_t>(sum / count); };
-    return mean(alpha) << 24 | mean(red) << 16 | mean(green) << 8 | mean(blue);
-}
+// Positions are pixels' top-left corners, so the middle of the pixels that one stands for is half of the others away.
+double ToMiddle(double pixelsPerPixel) { return std::max((pixelsPerPixel - 1.0) / 2.0, 0.0); }
 
 } // namespace
 
@@ -50,10 +36,14 @@ void CutOutOval(TnImage& image, double innerRadius, double outerRadius) {
     }
 }
 
-TnImage Reduced(const TnImage& picture, const TnPoint& size) {
-    TnImage reduced(size);
-    for (auto pixel = reduced.begin(); !pixel.AtEnd(); ++pixel) {
-        *pixel = Mean(picture, Block(pixel.Position(), size, picture.Size()));
-    }
-    return reduced;
+TnImage Fitted(TnImage picture, const TnPoint& size, InterpolationType type) {
+    picture.Content(MiddleOfShape(picture.Content(), size));
+    const double horizontal = 1.0 * picture.Size().x / size.x;
+    const double vertical = 1.0 * picture.Size().y / size.y;
+    auto toPicture = MakeMatrix<double>::Scale(horizontal, vertical);
+    toPicture.m[0][2] = ToMiddle(horizontal);
+    toPicture.m[1][2] = ToMiddle(vertical);
+    TnImage fitted(size);
+    Transform(picture, fitted, toPicture, type);
+    return fitted;
 }

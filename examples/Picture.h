@@ -10,5 +10,5 @@ TnRect Inset(const TnRect& rect, double share);
 /// radius 1 the oval touches the edges.
 void CutOutOval(TnImage& image, double innerRadius, double outerRadius);
 
-/// The picture's content at a smaller size; each pixel is the mean of those that it stands for.
-TnImage Reduced(const TnImage& picture, const TnPoint& size);
+/// The middle of the picture's content, reduced or enlarged to a size and cut to its shape.
+TnImage Fitted(TnImage picture, const TnPoint& size, InterpolationType type = InterpolationType::kSmooth);

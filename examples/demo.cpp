@@ -1,8 +1,9 @@
 // Takes a picture through fills, patterns, blending towards a colour, opacity and erasing, combines it with a second
-// one by every operator, and writes what comes out.
+// one by every operator, shows that one through matrices, and writes what comes out.
 #include "Operators.h"
 #include "Picture.h"
 #include "Png.h"
+#include "Transforms.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -123,6 +124,9 @@ void Run(const std::string& folder, const std::string& photoPath, const std::str
     gallery.Add("lower-third", "a caption bar through which the picture shows", edited(DrawLowerThird));
     gallery.Add("operators", "a cut-out of the second picture combined with the first by each operator",
                 [&] { return MakeOperatorSheet(photo, subject); });
+    gallery.Add("transforms",
+                "the second picture through matrices, nearest and smooth, and the top field of interlaced video",
+                [&] { return MakeTransformSheet(photo, subject); });
 }
 
 } // namespace
