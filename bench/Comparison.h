@@ -35,5 +35,6 @@ Section WalkComparisons();
 Section CopyComparisons();
 Section BlendComparisons();
 Section OperatorComparisons();
+Section TransformComparisons();
 
 } // namespace tn::bench

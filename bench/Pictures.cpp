@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <new>
+#include <type_traits>
 
 namespace tn::bench {
 namespace {
@@ -20,6 +21,8 @@ std::uint8_t AlphaAt(Picture picture, double distance) {
         return NoiseAt(distance);
     case Picture::kOtherNoise:
         return static_cast<std::uint8_t>(255 - NoiseAt(distance));
+    case Picture::kHoles:
+        return NoiseAt(distance) < 64 ? 0 : NoiseAt(distance);
     case Picture::kPhotograph:
         break;
     }
@@ -36,13 +39,17 @@ std::uint32_t Premultiplied(TnImagePixel pixel) {
     return alpha << 24 | times(pixel.Red()) << 16 | times(pixel.Green()) << 8 | times(pixel.Blue());
 }
 
-template <class Convert> Rows ConvertedRows(const TnImage& image, const Convert& convert) {
-    const TnPoint size = image.Size();
-    const std::size_t bytes = static_cast<std::size_t>(PixelCount(size)) * sizeof(std::uint32_t);
-    auto* const pixels = static_cast<std::uint32_t*>(::operator new(bytes, kRowAlignment));
-    const auto release = [](std::uint32_t* block) { ::operator delete(block, kRowAlignment); };
-    const Rows rows = {{pixels, release}, size.x, size.y};
-    std::transform(image.begin(), image.end(), pixels, convert);
+template <class Element> std::shared_ptr<Element[]> AlignedBlock(std::size_t elements) {
+    auto* const block = static_cast<Element*>(::operator new(elements * sizeof(Element), kRowAlignment));
+    return {block, [](Element* released) { ::operator delete(released, kRowAlignment); }};
+}
+
+template <class Converted, class SurfaceType, class Convert>
+Converted ConvertedRows(const SurfaceType& surface, const Convert& convert) {
+    using Element = std::remove_reference_t<decltype(Converted::pixels[0])>;
+    const TnPoint size = surface.Size();
+    const Converted rows = {AlignedBlock<Element>(static_cast<std::size_t>(PixelCount(size))), size.x, size.y};
+    std::transform(surface.begin(), surface.end(), rows.pixels.get(), convert);
     return rows;
 }
 
@@ -53,7 +60,7 @@ std::string SizeName(const TnPoint& size) { return std::to_string(size.x) + "x" 
 double PixelCount(const TnPoint& size) { return double(size.x) * size.y; }
 
 std::string NameOf(Picture picture) {
-    const char* const names[] = {"photograph", "title", "noise", "other noise"};
+    const char* const names[] = {"photograph", "title", "noise", "other noise", "holes"};
     return names[static_cast<int>(picture)];
 }
 
@@ -77,9 +84,13 @@ std::shared_ptr<TnMatte> MakeMatte(const TnPoint& size, Picture picture) {
 }
 
 Rows StraightRows(const TnImage& image) {
-    return ConvertedRows(image, [](TnImagePixel pixel) { return pixel.value; });
+    return ConvertedRows<Rows>(image, [](TnImagePixel pixel) { return pixel.value; });
 }
 
-Rows PremultipliedRows(const TnImage& image) { return ConvertedRows(image, Premultiplied); }
+Rows PremultipliedRows(const TnImage& image) { return ConvertedRows<Rows>(image, Premultiplied); }
+
+ByteRows MatteRows(const TnMatte& matte) {
+    return ConvertedRows<ByteRows>(matte, [](TnMattePixel pixel) { return pixel.value; });
+}
 
 } // namespace tn::bench

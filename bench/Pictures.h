@@ -22,6 +22,7 @@ enum class Picture {
     kTitle,      ///< A soft-edged disc on nothing.
     kNoise,      ///< Every pixel is half transparent, each in its own way.
     kOtherNoise, ///< The same in yet another way, for what noise is combined with.
+    kHoles,      ///< The same, but every fourth pixel or so is transparent.
 };
 
 /// What sources are chosen from.
@@ -39,5 +40,8 @@ Rows StraightRows(const TnImage& image);
 
 /// The same with colours multiplied by alpha.
 Rows PremultipliedRows(const TnImage& image);
+
+/// The matte's pixels for the peers.
+ByteRows MatteRows(const TnMatte& matte);
 
 } // namespace tn::bench

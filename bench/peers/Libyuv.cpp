@@ -15,4 +15,19 @@ Work LibyuvBlend(const Rows& from, const Rows& to) {
     };
 }
 
+Work LibyuvEnlarge(const Rows& from, const Rows& to, Reading reading) {
+    const auto filter = reading == Reading::kNearest ? libyuv::kFilterNone : libyuv::kFilterBilinear;
+    return [=] {
+        libyuv::ARGBScale(from.Bytes(), from.RowBytes(), from.width, from.height, to.Bytes(), to.RowBytes(), to.width,
+                          to.height, filter);
+    };
+}
+
+Work LibyuvReduce(const ByteRows& from, const ByteRows& to) {
+    return [=] {
+        libyuv::ScalePlane(from.Bytes(), from.RowBytes(), from.width, from.height, to.Bytes(), to.RowBytes(), to.width,
+                           to.height, libyuv::kFilterBox);
+    };
+}
+
 } // namespace tn::bench

@@ -1,25 +1,52 @@
 #include "Peers.h"
 
 #include <opencv2/core.hpp>
+#include <opencv2/imgproc.hpp>
+#include <type_traits>
 
 namespace tn::bench {
 namespace {
 
-struct Picture {
-    explicit Picture(const Rows& wrapped)
-        : rows(wrapped),
-          matrix(rows.height, rows.width, CV_8UC4, rows.Bytes(), static_cast<std::size_t>(rows.RowBytes())) {}
+template <class SomeRows> struct Picture {
+    static constexpr int kType = std::is_same_v<SomeRows, ByteRows> ? CV_8UC1 : CV_8UC4;
 
-    Rows rows;
+    explicit Picture(const SomeRows& wrapped)
+        : rows(wrapped),
+          matrix(rows.height, rows.width, kType, rows.Bytes(), static_cast<std::size_t>(rows.RowBytes())) {}
+
+    SomeRows rows;
     cv::Mat matrix;
 };
 
 /// Works on the rows where they are, and on this thread alone.
-template <class Operation> Work On(const Rows& from, const Rows& to, const Operation& operation) {
+template <class SomeRows, class Operation>
+Work On(const SomeRows& from, const SomeRows& to, const Operation& operation) {
     cv::setNumThreads(1);
     return [operation, source = Picture(from), destination = Picture(to)]() mutable {
         operation(source.matrix, destination.matrix);
     };
+}
+
+int Interpolation(Reading reading) { return reading == Reading::kNearest ? cv::INTER_NEAREST : cv::INTER_LINEAR; }
+
+template <class SomeRows> Work Resize(const SomeRows& from, const SomeRows& to, int interpolation) {
+    return On(from, to, [interpolation](const cv::Mat& source, cv::Mat& destination) {
+        cv::resize(source, destination, destination.size(), 0.0, 0.0, interpolation);
+    });
+}
+
+template <class SomeRows> Work Warp(const SomeRows& from, const SomeRows& to, const Mapping& mapping, Reading reading) {
+    const auto& [x, y, w] = mapping;
+    const cv::Matx33d matrix = {x[0], x[1], x[2], y[0], y[1], y[2], w[0], w[1], w[2]};
+    const bool isAffine = w[0] == 0.0 && w[1] == 0.0;
+    const int flags = Interpolation(reading) | cv::WARP_INVERSE_MAP;
+    return On(from, to, [matrix, isAffine, flags](const cv::Mat& source, cv::Mat& destination) {
+        if (isAffine) {
+            cv::warpAffine(source, destination, matrix.get_minor<2, 3>(0, 0), destination.size(), flags);
+        } else {
+            cv::warpPerspective(source, destination, matrix, destination.size(), flags);
+        }
+    });
 }
 
 } // namespace
@@ -55,5 +82,21 @@ Work OpenCvLookUp(const Rows& from, const Rows& to, const Channels& channels) {
     }
     return On(from, to, [table](const cv::Mat& source, cv::Mat& destination) { cv::LUT(source, table, destination); });
 }
+
+Work OpenCvWarp(const Rows& from, const Rows& to, const Mapping& mapping, Reading reading) {
+    return Warp(from, to, mapping, reading);
+}
+
+Work OpenCvWarp(const ByteRows& from, const ByteRows& to, const Mapping& mapping, Reading reading) {
+    return Warp(from, to, mapping, reading);
+}
+
+Work OpenCvEnlarge(const Rows& from, const Rows& to, Reading reading) {
+    return Resize(from, to, Interpolation(reading));
+}
+
+Work OpenCvReduce(const Rows& from, const Rows& to) { return Resize(from, to, cv::INTER_AREA); }
+
+Work OpenCvReduce(const ByteRows& from, const ByteRows& to) { return Resize(from, to, cv::INTER_AREA); }
 
 } // namespace tn::bench

@@ -23,6 +23,14 @@ Work Composite(pixman_op_t operation, const Image& from, const Image& to) {
     };
 }
 
+/// Reads the image through a transform.
+Image Seen(const Image& image, const pixman_transform_t& toSource, Reading reading) {
+    pixman_image_set_transform(image.handle.get(), &toSource);
+    pixman_image_set_filter(image.handle.get(),
+                            reading == Reading::kNearest ? PIXMAN_FILTER_NEAREST : PIXMAN_FILTER_BILINEAR, nullptr, 0);
+    return image;
+}
+
 } // namespace
 
 Work PixmanFill(const Rows& to, std::uint32_t word) {
@@ -35,12 +43,19 @@ Work PixmanCopy(const Rows& from, const Rows& to) { return Composite(PIXMAN_OP_S
 Work PixmanOver(const Rows& from, const Rows& to) { return Composite(PIXMAN_OP_OVER, Wrap(from), Wrap(to)); }
 
 Work PixmanOverAt(const Rows& from, const Rows& to, const Offset& offset) {
-    const Image source = Wrap(from);
     pixman_transform_t toSource;
     pixman_transform_init_translate(&toSource, pixman_double_to_fixed(-offset.x), pixman_double_to_fixed(-offset.y));
-    pixman_image_set_transform(source.handle.get(), &toSource);
-    pixman_image_set_filter(source.handle.get(), PIXMAN_FILTER_BILINEAR, nullptr, 0);
-    return Composite(PIXMAN_OP_OVER, source, Wrap(to));
+    return Composite(PIXMAN_OP_OVER, Seen(Wrap(from), toSource, Reading::kSmooth), Wrap(to));
+}
+
+Work PixmanMap(const Rows& from, const Rows& to, const Mapping& mapping, Reading reading) {
+    pixman_transform_t toSource;
+    for (std::size_t row = 0; row < mapping.size(); ++row) {
+        for (std::size_t column = 0; column < mapping.size(); ++column) {
+            toSource.matrix[row][column] = pixman_double_to_fixed(mapping[row][column]);
+        }
+    }
+    return Composite(PIXMAN_OP_SRC, Seen(Wrap(from), toSource, reading), Wrap(to));
 }
 
 } // namespace tn::bench

@@ -17,4 +17,14 @@ struct Rows {
     int RowBytes() const { return width * static_cast<int>(sizeof(std::uint32_t)); }
 };
 
+/// The same for bytes.
+struct ByteRows {
+    std::shared_ptr<std::uint8_t[]> pixels;
+    int width;
+    int height;
+
+    std::uint8_t* Bytes() const { return pixels.get(); }
+    int RowBytes() const { return width; }
+};
+
 } // namespace tn::bench
