@@ -3,6 +3,8 @@
 
 #include "TnGraphics/port/TnImagePixel.h"
 #include "TnGraphics/port/TnMattePixel.h"
+#include "TnGraphics/rows/BoxField.h"
+#include "TnGraphics/rows/BoxMeans.h"
 #include "TnGraphics/rows/CompositingOperators.h"
 #include "TnGraphics/rows/CopyOperators.h"
 #include "TnGraphics/rows/FillOperators.h"
@@ -33,6 +35,9 @@ using SamplingKernel = void (*)(const TnImagePixel* upper, const TnImagePixel* l
 using PositionKernel = void (*)(const PositionSource& source, const PositionList& positions, TnImagePixel* row,
                                 std::size_t length);
 
+/// Writes to a row the means of boxes of an image.
+using BoxKernel = void (*)(const PositionSource& source, const BoxList& boxes, TnImagePixel* row, std::size_t length);
+
 /// Writes the coordinates of pixels for homogeneous positions.
 using ProjectionKernel = void (*)(const HomogeneousList& positions, std::int32_t* x, std::int32_t* y,
                                   std::size_t length);
@@ -62,6 +67,15 @@ struct Interpolating {
     PositionKernel kernel;
 };
 
+/// Places the boxes of a row of a field, from a column on.
+using PlacingKernel = void (*)(const BoxField& field, std::int32_t row, std::int32_t column, PlacedBoxes& boxes,
+                               std::size_t length);
+
+struct Averaging {
+    PlacingKernel place;
+    BoxKernel kernel;
+};
+
 /// From positions to coordinates by RoundedQuotient or TruncatedQuotient.
 template <class Quotient> struct Projecting { ProjectionKernel kernel; };
 
@@ -83,7 +97,7 @@ using RowKernels = KernelTable<
     Copying<CopyLumaToAlpha>, Copying<CopyLumaToAlpha, TnImagePixel, TnMattePixel>,
     Copying<CopyAlphaToColor, TnMattePixel, TnImagePixel>,
     // Transforms
-    Projecting<RoundedQuotient>, Projecting<TruncatedQuotient>, Fetching, Interpolating>;
+    Projecting<RoundedQuotient>, Projecting<TruncatedQuotient>, Fetching, Interpolating, Averaging>;
 
 namespace portable {
 extern const RowKernels kRowKernels;

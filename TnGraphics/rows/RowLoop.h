@@ -158,6 +158,27 @@ template <class Pixels, class Sampler> struct PositionedRow {
     template <class Lanes> PositionedRow<Lanes, Sampler> Over() const { return {source, positions, row}; }
 };
 
+/// A row of which each pixel is the mean of a box of its own.
+template <class Pixels> struct AveragedRow {
+    using Operation = BoxSpan<Pixels>;
+
+    const PositionSource& source;
+    const BoxList& boxes;
+    TnImagePixel* row;
+
+    void Do(std::size_t column) const {
+        const auto load = [column](const std::int32_t* from) { return Pixels::Load(from + column); };
+        BoxMeans(source, load(boxes.left), load(boxes.width), load(boxes.top), load(boxes.height)).Store(row + column);
+    }
+    void DoFirst(std::size_t column, std::size_t count) const {
+        const auto load = [=](const std::int32_t* from) { return Pixels::LoadFirst(from + column, count); };
+        BoxMeans(source, load(boxes.left), load(boxes.width), load(boxes.top), load(boxes.height))
+            .StoreFirst(row + column, count);
+    }
+
+    template <class Lanes> AveragedRow<Lanes> Over() const { return {source, boxes, row}; }
+};
+
 template <class Pixels, class Operator> void FillRow(TnImagePixel* row, std::size_t length, const Operator& op) {
     DoRow<Pixels>(FilledRow<Pixels, Operator>{row, op}, length);
 }
@@ -184,6 +205,11 @@ template <class Pixels, class Sampler>
 void SampleAtPositions(const PositionSource& source, const PositionList& positions, TnImagePixel* row,
                        std::size_t length) {
     DoRow<Pixels>(PositionedRow<Pixels, Sampler>{source, positions, row}, length);
+}
+
+template <class Pixels>
+void AverageBoxes(const PositionSource& source, const BoxList& boxes, TnImagePixel* row, std::size_t length) {
+    DoRow<Pixels>(AveragedRow<Pixels>{source, boxes, row}, length);
 }
 
 /// Plain loops, which compilers turn into the level's instructions by themselves as long as each does one thing.
@@ -258,6 +284,10 @@ template <class Pixels> struct KernelsOver<Pixels, Fetching> {
 
 template <class Pixels> struct KernelsOver<Pixels, Interpolating> {
     static constexpr Interpolating kKernels = {&SampleAtPositions<Pixels, BetweenPixels>};
+};
+
+template <class Pixels> struct KernelsOver<Pixels, Averaging> {
+    static constexpr Averaging kKernels = {&PlaceBoxes<Pixels>, &AverageBoxes<Pixels>};
 };
 
 template <class Pixels, class Table> struct LevelKernels;

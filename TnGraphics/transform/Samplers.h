@@ -112,57 +112,24 @@ template <class Source> class AreaSampler {
 public:
     static constexpr bool kPollsSource = false;
 
-    AreaSampler(const SourceReader<Source>& reader, const TransformMatrix& matrix)
-        : reader_(reader), entries_(InSinglePrecision(matrix)), halfWidth_(HalfSize(entries_.m[0][0])),
-          halfHeight_(HalfSize(entries_.m[1][1])), farthest_(Farthest(reader.Surface().Size())) {}
+    AreaSampler(const SourceReader<Source>& reader, const TransformMatrix& matrix);
 
     void StartRow(std::int32_t y) {
         x_ = 0;
         y_ = y;
     }
-    void Sample(typename Source::Pixel* row, std::size_t count) {
-        for (std::size_t i = 0; i < count; ++i) {
-            row[i] = reader_.Mean(Box(static_cast<float>(x_), static_cast<float>(y_)));
-            ++x_;
-        }
-    }
+    void Sample(typename Source::Pixel* row, std::size_t count);
 
 private:
-    struct Vector {
-        float x;
-        float y;
-    };
-
-    static float HalfSize(float entry) {
-        constexpr float kSmallest = 0.6F;
-        const float half = 0.4F * entry;
-        return half < kSmallest ? kSmallest : half;
-    }
-    static Vector Farthest(const TnPoint& size) {
-        return {static_cast<float>(std::int64_t{size.x} - 1), static_cast<float>(std::int64_t{size.y} - 1)};
-    }
-
-    // A position that is no number stays so, and has no mean.
-    TnFloatRect Box(float x, float y) const {
-        const auto& m = entries_.m;
-        const float u = (m[0][1] * y + m[0][0] * x) + m[0][2];
-        const float v = (m[1][1] * y + m[1][0] * x) + m[1][2];
-        const float left = u - halfWidth_ < 0.0F ? 0.0F : u - halfWidth_;
-        const float top = v - halfHeight_ < 0.0F ? 0.0F : v - halfHeight_;
-        const float right = u + halfWidth_ > farthest_.x ? farthest_.x : u + halfWidth_;
-        const float bottom = v + halfHeight_ > farthest_.y ? farthest_.y : v + halfHeight_;
-        const float width = right - left;
-        const float height = bottom - top;
-        return {left, top, width, height};
-    }
+    bool SampleByKernels(typename Source::Pixel* row, std::size_t count);
+    TnFloatRect Box(float x, float y) const;
 
     const SourceReader<Source>& reader_;
-    Matrix<float, 3, 3> entries_;
-    float halfWidth_;
-    float halfHeight_;
-    Vector farthest_;
+    BoxField field_;
+    bool suitsKernels_;
     std::int32_t x_ = 0;
     std::int32_t y_ = 0;
+    PlacedBoxes boxes_;
 };
 
 } // namespace tn

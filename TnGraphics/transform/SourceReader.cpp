@@ -9,12 +9,6 @@
 namespace tn {
 namespace {
 
-// Lanes hold offsets in 32 bits.
-bool FitsLanes(const PixelGrid<TnImagePixel>& grid) {
-    const std::uint64_t rows = static_cast<std::uint64_t>(grid.size.y) * grid.rowBytes;
-    return rows + static_cast<std::uint64_t>(grid.size.x) * sizeof(TnImagePixel) <= 0xFFFFFFFF;
-}
-
 template <class Pixel>
 void FetchOneByOne(const PixelGrid<Pixel>& grid, const Positions& positions, Pixel outside, Pixel* row,
                    std::size_t count) {
@@ -31,7 +25,7 @@ template <class Source>
 SourceReader<Source>::SourceReader(const Source& source) : lock_(source), grid_(ReadAccess::GridOf(source)) {}
 
 template <> void SourceReader<TnImage>::Fetch(const Positions& positions, TnImagePixel* row, std::size_t count) const {
-    if (FitsLanes(grid_)) {
+    if (SuitsKernels()) {
         ActiveKernels<Fetching>().kernel({grid_, Outside()}, {positions.x.data(), positions.y.data()}, row, count);
     } else {
         FetchOneByOne(grid_, positions, Outside(), row, count);
@@ -45,7 +39,7 @@ template <> void SourceReader<TnMatte>::Fetch(const Positions& positions, TnMatt
 template <>
 void SourceReader<TnImage>::Interpolate(const Positions& positions, TnImagePixel* row, std::size_t count) const {
     const bool disregardsAlpha = ReadAccess::DisregardsAlpha(Surface());
-    if (FitsLanes(grid_)) {
+    if (SuitsKernels()) {
         ActiveKernels<Interpolating>().kernel({grid_, Outside(), disregardsAlpha},
                                               {positions.x.data(), positions.y.data()}, row, count);
         return;
@@ -67,6 +61,10 @@ void SourceReader<TnMatte>::Interpolate(const Positions& positions, TnMattePixel
 template <> TnMattePixel SourceReader<TnMatte>::Interpolated(float x, float y) const {
     const auto at = PositionOf(x, y);
     return at && HasNeighbors(grid_.size, *at) ? BilinearMean(grid_, *at, Outside()) : Outside();
+}
+
+template <> void SourceReader<TnImage>::Average(const BoxList& boxes, TnImagePixel* row, std::size_t count) const {
+    ActiveKernels<Averaging>().kernel({grid_, Outside()}, boxes, row, count);
 }
 
 template <class Source> typename Source::Pixel SourceReader<Source>::Mean(const TnFloatRect& rect) const {

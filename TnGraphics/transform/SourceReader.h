@@ -5,7 +5,7 @@
 #include "TnGraphics/port/PixelGrid.h"
 #include "TnGraphics/port/TnImage.h"
 #include "TnGraphics/port/TnMatte.h"
-#include "TnGraphics/rows/PositionSamplers.h"
+#include "TnGraphics/rows/BoxMeans.h"
 
 #include <array>
 #include <cstddef>
@@ -40,6 +40,15 @@ public:
 
     /// Get(const TnFloatRect&) for a rectangle of any kind; what is not inside the source is outside.
     Pixel Mean(const TnFloatRect& rect) const;
+
+    /// Get(const TnFloatRect&) of an image for each box.
+    void Average(const BoxList& boxes, Pixel* row, std::size_t count) const;
+
+    /// False for surfaces too large for lanes, which hold offsets in 32 bits.
+    bool SuitsKernels() const {
+        const std::uint64_t rows = static_cast<std::uint64_t>(grid_.size.y) * grid_.rowBytes;
+        return rows + static_cast<std::uint64_t>(grid_.size.x) * sizeof(Pixel) <= 0xFFFFFFFF;
+    }
 
     const Source& Surface() const { return *lock_.Surface(); }
     Pixel Outside() const { return Surface().OutsidePixel(); }

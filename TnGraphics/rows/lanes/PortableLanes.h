@@ -84,6 +84,7 @@ constexpr PixelMask operator&(PixelMask a, PixelMask b) { return {a.mask && b.ma
 struct Pixels {
     using Channels = portable::Channels;
     struct Sums;
+    struct BoxSums;
     using Mattes = Pixels; ///< Lanes for rows of matte pixels alone.
     using Narrower = void; ///< Lanes for the rest of a row, where there is no way to load and store a part of these.
     static constexpr std::size_t kCount = 1;
@@ -194,6 +195,9 @@ constexpr Pixels operator*(Pixels a, Pixels b) { return {a.word * b.word}; }
 
 constexpr PixelMask operator==(Pixels a, Pixels b) { return {a.word == b.word}; }
 constexpr PixelMask Below(Pixels a, std::uint32_t limit) { return {a.word < limit}; } ///< Without a sign.
+constexpr PixelMask Less(Pixels a, Pixels b) {
+    return {static_cast<std::int32_t>(a.word) < static_cast<std::int32_t>(b.word)};
+} ///< With a sign.
 constexpr Pixels Select(PixelMask mask, Pixels a, Pixels b) { return mask.mask ? a : b; }
 
 template <class Function> constexpr Pixels ForEachByte(Pixels a, Pixels b, const Function& function) {
@@ -246,5 +250,26 @@ constexpr Pixels Faded(Pixels pixels, Pixels::Opacity opacity) {
 constexpr Channels Divided(const Channels& channels, Pixels divisors) {
     return ForEach(channels, divisors.Spread(), [](std::uint32_t x, std::uint32_t divisor) { return x / divisor; });
 }
+
+/// Sums of the channels of pixels times their weights.
+struct Pixels::BoxSums {
+    std::array<std::uint32_t, 4> values = {};
+
+    /// Weights are at most 256.
+    constexpr void Add(Pixels left, Pixels leftWeight, Pixels right, Pixels rightWeight) {
+        for (std::size_t i = 0; i < values.size(); ++i) {
+            values[i] += left.Channel(i) * leftWeight.word + right.Channel(i) * rightWeight.word;
+        }
+    }
+
+    /// The sums, which are below 2^26, divided and rounded; the low bytes of what comes out.
+    constexpr Pixels Mean(Pixels divisor) const {
+        Pixels mean = {0};
+        for (std::size_t i = 0; i < values.size(); ++i) {
+            mean.word |= ((values[i] + (divisor.word >> 1)) / divisor.word & 255U) << (8 * i);
+        }
+        return mean;
+    }
+};
 
 } // namespace tn::portable

@@ -85,6 +85,7 @@ struct NarrowerLanes<Set> {
 template <class Set> struct PixelLanes {
     using Channels = ChannelLanes<Set>;
     struct Sums;
+    struct BoxSums;
     using Mattes = MatteLanes<Set>;
     using Narrower = typename NarrowerLanes<Set>::Type;
     static constexpr std::size_t kCount = sizeof(typename Set::Register) / sizeof(TnImagePixel);
@@ -154,6 +155,7 @@ template <class Set> struct PixelLanes {
     friend PixelMask<Set> Below(PixelLanes a, std::uint32_t limit) {
         return {Set::Less32((a - All(kMiddle)).words, Set::All32(limit - kMiddle))};
     }
+    friend PixelMask<Set> Less(PixelLanes a, PixelLanes b) { return {Set::Less32(a.words, b.words)}; }
     friend PixelLanes Select(PixelMask<Set> mask, PixelLanes a, PixelLanes b) {
         return {Set::Select32(mask.mask, a.words, b.words)};
     }
@@ -265,6 +267,44 @@ private:
         const Register r = Set::Xor(right.words, signs);
         return {Set::WeightedPairs8(weights.low, Set::InterleaveLow8(l, r)),
                 Set::WeightedPairs8(weights.high, Set::InterleaveHigh8(l, r))};
+    }
+};
+
+/// Sums of pixels times weights, a quarter of the pixels in each of four registers.
+template <class Set> struct PixelLanes<Set>::BoxSums {
+    using Register = typename Set::Register;
+
+    Register quarters[4] = {Set::All32(0), Set::All32(0), Set::All32(0), Set::All32(0)};
+
+    void Add(PixelLanes left, PixelLanes leftWeight, PixelLanes right, PixelLanes rightWeight) {
+        const Register weights = (leftWeight | rightWeight.template ShiftedLeft<16>()).words;
+        const Register low = Set::InterleaveLow8(left.words, right.words);
+        const Register high = Set::InterleaveHigh8(left.words, right.words);
+        AddPairs<0>(Set::WidenLow(low), weights);
+        AddPairs<1>(Set::WidenHigh(low), weights);
+        AddPairs<2>(Set::WidenLow(high), weights);
+        AddPairs<3>(Set::WidenHigh(high), weights);
+    }
+
+    PixelLanes Mean(PixelLanes divisors) const {
+        return Narrowed({Set::Narrow32(Quotients<0>(divisors), Quotients<1>(divisors)),
+                         Set::Narrow32(Quotients<2>(divisors), Quotients<3>(divisors))});
+    }
+
+private:
+    template <int quarter> void AddPairs(Register pairs, Register weights) {
+        const Register products = Set::PairSums16(pairs, Set::template SpreadWord32<quarter>(weights));
+        quarters[quarter] = Set::Add32(quarters[quarter], products);
+    }
+
+    // Floats are near enough to be wrong by one at most, either way, which the remainder shows.
+    template <int quarter> Register Quotients(PixelLanes divisors) const {
+        const PixelLanes by = {Set::template SpreadWord32<quarter>(divisors.words)};
+        const PixelLanes sums = PixelLanes{quarters[quarter]} + by.template ShiftedRight<1>();
+        const PixelLanes estimate = {Set::Quotients32(sums.words, by.words)};
+        const PixelLanes remainder = sums - estimate * by;
+        const PixelLanes low = Select(Less(remainder, All(0)), estimate - All(1), estimate);
+        return (Select(Less(remainder, by), low, estimate + All(1)) & All(255)).words;
     }
 };
 
