@@ -22,7 +22,8 @@ template <class SurfaceType> PixelGrid<typename SurfaceType::Pixel> ReadAccess::
     }
     const TnRect content = surface.Content();
     const bool isWhole = content.left == 0 && content.top == 0 && !surface.contentMoved_;
-    const std::uint64_t lastOffset = isWhole ? ~std::uint64_t{0} : LastOffset(*surface.Storage(), base, sizeof(Pixel));
+    const std::uint64_t lastOffset =
+        isWhole ? PixelGrid<Pixel>::kWhole : LastOffset(*surface.Storage(), base, sizeof(Pixel));
     return {base, surface.RowBytes(), surface.StorageSize(), lastOffset};
 }
 

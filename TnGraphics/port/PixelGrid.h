@@ -17,6 +17,10 @@ template <class Pixel> struct PixelGrid {
     TnPoint size;                 ///< Of the storage.
     std::uint64_t lastOffset = 0; ///< From the base to the last pixel that lies wholly in the storage block.
 
+    /// What lastOffset is where the size alone says what lies in the block.
+    static constexpr std::uint64_t kWhole = ~std::uint64_t{0};
+    constexpr bool IsWhole() const { return lastOffset == kWhole; }
+
     /// True for a position on a pixel of the surface.
     constexpr bool Has(std::int64_t x, std::int64_t y) const {
         return 0 <= x && x < size.x && 0 <= y && y < size.y && base != 0 && OffsetOf(x, y) <= lastOffset;

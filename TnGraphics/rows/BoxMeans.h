@@ -1,4 +1,4 @@
-// Private: the means of boxes of an image, a box for each pixel of a row.
+// Private: the means of boxes of a surface, a box for each pixel of a row.
 #pragma once
 
 #include "TnGraphics/rows/PositionSamplers.h"
@@ -8,7 +8,7 @@
 
 namespace tn {
 
-/// Boxes in 256ths of a pixel. One that is not at least a pixel wide and high, or not inside the image, has no mean.
+/// Boxes in 256ths of a pixel. One that is not at least a pixel wide and high, or not inside the surface, has no mean.
 struct BoxList {
     const std::int32_t* left;
     const std::int32_t* width;
@@ -63,40 +63,103 @@ private:
     decltype(Below(Pixels::All(0), 0)) isBox_;
 };
 
-/// The mean of each box, rounded, every channel by itself; outside the image its outside pixel.
-template <class Pixels>
-Pixels BoxMeans(const PositionSource& source, Pixels left, Pixels width, Pixels top, Pixels height) {
-    const GridLanes<Pixels> grid = {source};
-    const Pixels none = Pixels::All(0);
-    const Pixels one = Pixels::All(1);
-    const BoxSpan<Pixels> columns(left, width);
-    const BoxSpan<Pixels> rows(top, height);
-    const auto where = columns.IsBox() & rows.IsBox() & grid.Has(columns.First(), rows.First()) &
-                       grid.Has(columns.Last(), rows.Last()) &
-                       grid.IsInBlock(grid.Offsets(columns.Last(), rows.Last()));
+/// The boxes of a lane's pixels.
+template <class Pixels> struct Boxes {
+    BoxSpan<Pixels> columns;
+    BoxSpan<Pixels> rows;
+    Pixels size; ///< In 256ths of a pixel.
 
-    // Lanes that have nothing left to add stay where they are, with weights of 0.
-    const Pixels corner = grid.Offsets(columns.First(), rows.First());
-    typename Pixels::BoxSums sums;
-    for (Pixels row = none; (where & NotLess(rows.LastIndex(), row)).Any(); row = row + one) {
-        const Pixels rowShare = rows.Share(row);
-        const Pixels offsets = corner + Smaller(row, rows.LastIndex()) * grid.RowBytes();
+    Boxes(Pixels left, Pixels width, Pixels top, Pixels height)
+        : columns(left, width), rows(top, height), size((width * height).template ShiftedRight<8>()) {}
+
+    /// Where the surface has all of a box.
+    template <class Pixel> auto AreInside(const GridLanes<Pixels, Pixel>& grid) const {
+        return columns.IsBox() & rows.IsBox() & grid.Has(columns.First(), rows.First()) &
+               grid.Has(columns.Last(), rows.Last()) & grid.IsInBlock(grid.Offsets(columns.Last(), rows.Last()));
+    }
+};
+
+// In the loops below, lanes that have nothing left to add stay where they are, with weights of 0.
+
+/// The mean of each box, rounded, every channel by itself; outside the image its outside pixel.
+struct ImageBoxes {
+    template <class Pixels> static Pixels Means(const ImageSource& source, const Boxes<Pixels>& boxes) {
+        const GridLanes<Pixels> grid = {source};
+        const auto& [columns, rows, size] = boxes;
+        const auto where = boxes.AreInside(grid);
+        const Pixels one = Pixels::All(1);
+        typename Pixels::BoxSums sums;
+        for (Pixels row = Pixels::All(0); (where & NotLess(rows.LastIndex(), row)).Any(); row = row + one) {
+            const Pixels offsets = grid.Offsets(columns.First(), rows.First() + Smaller(row, rows.LastIndex()));
+            AddRow(source, columns, Select(where, offsets, Pixels::All(0)), rows.Share(row), where, sums);
+        }
+        return Select(where, sums.Mean(Select(where, size, one)), Pixels::All(source.outside.value));
+    }
+
+private:
+    /// Adds two columns at a time; the last one of an odd number comes with the one before it.
+    template <class Pixels, class Mask>
+    static void AddRow(const ImageSource& source, const BoxSpan<Pixels>& columns, Pixels offsets, Pixels rowShare,
+                       Mask where, typename Pixels::BoxSums& sums) {
+        const Pixels none = Pixels::All(0);
+        const Pixels one = Pixels::All(1);
         for (Pixels column = none; (where & NotLess(columns.LastIndex(), column)).Any(); column = column + one + one) {
-            // Two columns at a time; the last one of an odd number comes with the one before it.
-            const Pixels leftColumn = Smaller(column, columns.LastIndex() - one);
-            const Pixels rightColumn = leftColumn + one;
-            const Pixels leftShare = Select(leftColumn == column, columns.Share(leftColumn), none);
-            const Pixels rightShare = Select(Less(rightColumn, column), none, columns.Share(rightColumn));
+            const Pixels left = Select(where, Smaller(column, columns.LastIndex() - one), none);
+            const Pixels right = left + one;
+            const Pixels leftShare = Select(left == column, columns.Share(left), none);
+            const Pixels rightShare = Select(Less(right, column), none, columns.Share(right));
             Pixels leftPixels;
             Pixels rightPixels;
-            Pixels::GatherPairs(source.grid.base, Select(where, offsets + leftColumn.template ShiftedLeft<2>(), none),
-                                leftPixels, rightPixels);
+            Pixels::GatherPairs(source.grid.base, offsets + left.template ShiftedLeft<2>(), leftPixels, rightPixels);
             sums.Add(leftPixels, (leftShare * rowShare).template ShiftedRight<8>(), rightPixels,
                      (rightShare * rowShare).template ShiftedRight<8>());
         }
     }
-    const Pixels size = (width * height).template ShiftedRight<8>();
-    return Select(where, sums.Mean(Select(where, size, one)), Pixels::All(source.outside.value));
-}
+};
+
+/// The mean of each box, truncated; outside the matte its outside pixel. The matte is at least kValuesAtOnce wide.
+struct MatteBoxes {
+    static constexpr std::int32_t kValuesAtOnce = 4;
+
+    template <class Pixels> static Pixels Means(const MatteSource& source, const Boxes<Pixels>& boxes) {
+        const GridLanes<Pixels, TnMattePixel> grid = {source};
+        const auto& [columns, rows, size] = boxes;
+        const auto where = boxes.AreInside(grid);
+        const Pixels one = Pixels::All(1);
+        Pixels sums = Pixels::All(0);
+        for (Pixels row = Pixels::All(0); (where & NotLess(rows.LastIndex(), row)).Any(); row = row + one) {
+            const Pixels rowOffsets = grid.Offsets(Pixels::All(0), rows.First() + Smaller(row, rows.LastIndex()));
+            sums = sums + RowSum(source, columns, rowOffsets, rows.Share(row), where);
+        }
+        const Pixels mean = Quotients(sums, Select(where, size, one));
+        return Select(where, mean, Pixels::All(source.outside.value)).template ShiftedLeft<24>();
+    }
+
+private:
+    /// Reads four values at a time, which begin where the row still has as many.
+    template <class Pixels, class Mask>
+    static Pixels RowSum(const MatteSource& source, const BoxSpan<Pixels>& columns, Pixels rowOffsets, Pixels rowShare,
+                         Mask where) {
+        constexpr std::uint32_t kEveryOtherByte = 0x00FF00FF;
+        const Pixels lastStart = Pixels::All(static_cast<std::uint32_t>(source.grid.size.x - kValuesAtOnce));
+        Pixels sum = Pixels::All(0);
+        for (Pixels index = Pixels::All(0); (where & NotLess(columns.LastIndex(), index)).Any();
+             index = index + Pixels::All(kValuesAtOnce)) {
+            const Pixels start = Smaller(columns.First() + index, lastStart);
+            const Pixels values = Pixels::Gather(source.grid.base, rowOffsets + start,
+                                                 where & NotLess(columns.LastIndex(), index), Pixels::All(0));
+            const auto weight = [&](std::uint32_t n) {
+                const Pixels at = start + Pixels::All(n) - columns.First();
+                const Pixels share = Select(Less(at, index), Pixels::All(0), columns.Share(at));
+                return (share * rowShare).template ShiftedRight<8>();
+            };
+            sum = sum +
+                  PairSums(values & Pixels::All(kEveryOtherByte), weight(0) | weight(2).template ShiftedLeft<16>()) +
+                  PairSums(values.template ShiftedRight<8>() & Pixels::All(kEveryOtherByte),
+                           weight(1) | weight(3).template ShiftedLeft<16>());
+        }
+        return sum;
+    }
+};
 
 } // namespace tn

@@ -3,6 +3,7 @@
 
 #include "TnGraphics/port/PixelGrid.h"
 #include "TnGraphics/port/TnImagePixel.h"
+#include "TnGraphics/port/TnMattePixel.h"
 #include "TnGraphics/rows/BilinearSampler.h"
 
 #include <cstddef>
@@ -10,12 +11,15 @@
 
 namespace tn {
 
-/// An image to be read at positions.
-struct PositionSource {
-    PixelGrid<TnImagePixel> grid;
-    TnImagePixel outside;
+/// A surface to be read at positions.
+template <class Pixel> struct PositionSource {
+    PixelGrid<Pixel> grid;
+    Pixel outside;
     bool disregardsAlpha = false;
 };
+
+using ImageSource = PositionSource<TnImagePixel>;
+using MatteSource = PositionSource<TnMattePixel>;
 
 /// Positions of pixels, or in 16.16 between them.
 struct PositionList {
@@ -24,8 +28,8 @@ struct PositionList {
 };
 
 /// The grid in lanes.
-template <class Pixels> struct GridLanes {
-    const PositionSource& source;
+template <class Pixels, class Pixel = TnImagePixel> struct GridLanes {
+    const PositionSource<Pixel>& source;
 
     /// Where the surface has a pixel.
     auto Has(Pixels x, Pixels y) const { return Below(x, Width()) & Below(y, Height()); }
@@ -34,7 +38,10 @@ template <class Pixels> struct GridLanes {
     auto HasRight(Pixels x) const { return Below(x, Width() - 1); }
     auto HasBelow(Pixels y) const { return Below(y, Height() - 1); }
 
-    Pixels Offsets(Pixels x, Pixels y) const { return y * RowBytes() + x.template ShiftedLeft<2>(); }
+    Pixels Offsets(Pixels x, Pixels y) const {
+        constexpr int kShift = sizeof(Pixel) == 4 ? 2 : 0;
+        return y * RowBytes() + x.template ShiftedLeft<kShift>();
+    }
     Pixels RowBytes() const { return Pixels::All(source.grid.rowBytes); }
 
     /// Where a pixel lies wholly in the storage block.
@@ -55,7 +62,7 @@ private:
 
 /// The pixels at the positions; outside the image its outside pixel.
 struct AtPixels {
-    template <class Pixels> static Pixels Sample(const PositionSource& source, Pixels x, Pixels y) {
+    template <class Pixels> static Pixels Sample(const ImageSource& source, Pixels x, Pixels y) {
         const GridLanes<Pixels> grid = {source};
         const Pixels offsets = grid.Offsets(x, y);
         return grid.Gather(offsets, grid.Has(x, y) & grid.IsInBlock(offsets), Pixels::All(source.outside.value));
@@ -65,7 +72,7 @@ struct AtPixels {
 /// What lies at the positions in 16.16, of which the upper 8 bits of the fraction count. The image's last column and
 /// row are repeated.
 struct BetweenPixels {
-    template <class Pixels> static Pixels Sample(const PositionSource& source, Pixels x, Pixels y) {
+    template <class Pixels> static Pixels Sample(const ImageSource& source, Pixels x, Pixels y) {
         const GridLanes<Pixels> grid = {source};
         const Pixels none = Pixels::All(0);
         const Pixels column = x.template ShiftedRightSigned<16>();

@@ -32,11 +32,12 @@ using SamplingKernel = void (*)(const TnImagePixel* upper, const TnImagePixel* l
                                 std::size_t length, const SubPixelWeights& weights);
 
 /// Writes to a row what an image has at positions.
-using PositionKernel = void (*)(const PositionSource& source, const PositionList& positions, TnImagePixel* row,
+using PositionKernel = void (*)(const ImageSource& source, const PositionList& positions, TnImagePixel* row,
                                 std::size_t length);
 
-/// Writes to a row the means of boxes of an image.
-using BoxKernel = void (*)(const PositionSource& source, const BoxList& boxes, TnImagePixel* row, std::size_t length);
+/// Writes to a row the means of boxes of a surface.
+template <class Pixel>
+using BoxKernel = void (*)(const PositionSource<Pixel>& source, const BoxList& boxes, Pixel* row, std::size_t length);
 
 /// Writes the coordinates of pixels for homogeneous positions.
 using ProjectionKernel = void (*)(const HomogeneousList& positions, std::int32_t* x, std::int32_t* y,
@@ -71,10 +72,10 @@ struct Interpolating {
 using PlacingKernel = void (*)(const BoxField& field, std::int32_t row, std::int32_t column, PlacedBoxes& boxes,
                                std::size_t length);
 
-struct Averaging {
-    PlacingKernel place;
-    BoxKernel kernel;
+struct PlacingBoxes {
+    PlacingKernel kernel;
 };
+template <class Pixel> struct Averaging { BoxKernel<Pixel> kernel; };
 
 /// From positions to coordinates by RoundedQuotient or TruncatedQuotient.
 template <class Quotient> struct Projecting { ProjectionKernel kernel; };
@@ -97,7 +98,8 @@ using RowKernels = KernelTable<
     Copying<CopyLumaToAlpha>, Copying<CopyLumaToAlpha, TnImagePixel, TnMattePixel>,
     Copying<CopyAlphaToColor, TnMattePixel, TnImagePixel>,
     // Transforms
-    Projecting<RoundedQuotient>, Projecting<TruncatedQuotient>, Fetching, Interpolating, Averaging>;
+    Projecting<RoundedQuotient>, Projecting<TruncatedQuotient>, Fetching, Interpolating, PlacingBoxes,
+    Averaging<TnImagePixel>, Averaging<TnMattePixel>>;
 
 namespace portable {
 extern const RowKernels kRowKernels;

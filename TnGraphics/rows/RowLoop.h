@@ -142,7 +142,7 @@ template <class Pixels> struct SampledRow {
 template <class Pixels, class Sampler> struct PositionedRow {
     using Operation = Sampler;
 
-    const PositionSource& source;
+    const ImageSource& source;
     const PositionList& positions;
     TnImagePixel* row;
 
@@ -159,24 +159,29 @@ template <class Pixels, class Sampler> struct PositionedRow {
 };
 
 /// A row of which each pixel is the mean of a box of its own.
-template <class Pixels> struct AveragedRow {
-    using Operation = BoxSpan<Pixels>;
+template <class Pixels, class Kind, class Pixel> struct AveragedRow {
+    using Operation = Kind;
 
-    const PositionSource& source;
+    const PositionSource<Pixel>& source;
     const BoxList& boxes;
-    TnImagePixel* row;
+    Pixel* row;
 
     void Do(std::size_t column) const {
         const auto load = [column](const std::int32_t* from) { return Pixels::Load(from + column); };
-        BoxMeans(source, load(boxes.left), load(boxes.width), load(boxes.top), load(boxes.height)).Store(row + column);
+        Means(load).Store(row + column);
     }
     void DoFirst(std::size_t column, std::size_t count) const {
         const auto load = [=](const std::int32_t* from) { return Pixels::LoadFirst(from + column, count); };
-        BoxMeans(source, load(boxes.left), load(boxes.width), load(boxes.top), load(boxes.height))
-            .StoreFirst(row + column, count);
+        Means(load).StoreFirst(row + column, count);
     }
 
-    template <class Lanes> AveragedRow<Lanes> Over() const { return {source, boxes, row}; }
+    template <class Lanes> AveragedRow<Lanes, Kind, Pixel> Over() const { return {source, boxes, row}; }
+
+private:
+    template <class Load> Pixels Means(const Load& load) const {
+        return Kind::Means(source,
+                           Boxes<Pixels>(load(boxes.left), load(boxes.width), load(boxes.top), load(boxes.height)));
+    }
 };
 
 template <class Pixels, class Operator> void FillRow(TnImagePixel* row, std::size_t length, const Operator& op) {
@@ -202,14 +207,14 @@ void SampleRow(const TnImagePixel* upper, const TnImagePixel* lower, TnImagePixe
 }
 
 template <class Pixels, class Sampler>
-void SampleAtPositions(const PositionSource& source, const PositionList& positions, TnImagePixel* row,
+void SampleAtPositions(const ImageSource& source, const PositionList& positions, TnImagePixel* row,
                        std::size_t length) {
     DoRow<Pixels>(PositionedRow<Pixels, Sampler>{source, positions, row}, length);
 }
 
-template <class Pixels>
-void AverageBoxes(const PositionSource& source, const BoxList& boxes, TnImagePixel* row, std::size_t length) {
-    DoRow<Pixels>(AveragedRow<Pixels>{source, boxes, row}, length);
+template <class Pixels, class Kind, class Pixel>
+void AverageBoxes(const PositionSource<Pixel>& source, const BoxList& boxes, Pixel* row, std::size_t length) {
+    DoRow<Pixels>(AveragedRow<Pixels, Kind, Pixel>{source, boxes, row}, length);
 }
 
 /// Plain loops, which compilers turn into the level's instructions by themselves as long as each does one thing.
@@ -286,8 +291,16 @@ template <class Pixels> struct KernelsOver<Pixels, Interpolating> {
     static constexpr Interpolating kKernels = {&SampleAtPositions<Pixels, BetweenPixels>};
 };
 
-template <class Pixels> struct KernelsOver<Pixels, Averaging> {
-    static constexpr Averaging kKernels = {&PlaceBoxes<Pixels>, &AverageBoxes<Pixels>};
+template <class Pixels> struct KernelsOver<Pixels, PlacingBoxes> {
+    static constexpr PlacingBoxes kKernels = {&PlaceBoxes<Pixels>};
+};
+
+template <class Pixels> struct KernelsOver<Pixels, Averaging<TnImagePixel>> {
+    static constexpr Averaging<TnImagePixel> kKernels = {&AverageBoxes<Pixels, ImageBoxes, TnImagePixel>};
+};
+
+template <class Pixels> struct KernelsOver<Pixels, Averaging<TnMattePixel>> {
+    static constexpr Averaging<TnMattePixel> kKernels = {&AverageBoxes<Pixels, MatteBoxes, TnMattePixel>};
 };
 
 template <class Pixels, class Table> struct LevelKernels;

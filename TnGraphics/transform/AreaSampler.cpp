@@ -1,7 +1,5 @@
 #include "TnGraphics/transform/Samplers.h"
 
-#include <type_traits>
-
 namespace tn {
 namespace {
 
@@ -43,28 +41,18 @@ Stretch BoxAlong(const BoxAxis& axis, float x, float y) {
 template <class Source>
 AreaSampler<Source>::AreaSampler(const SourceReader<Source>& reader, const TransformMatrix& matrix)
     : reader_(reader), field_(FieldOf(matrix, reader.Surface().Size())),
-      suitsKernels_(reader.SuitsKernels() && SuitsKernels(field_.x) && SuitsKernels(field_.y)) {}
+      suitsKernels_(reader.SuitsBoxKernels() && SuitsKernels(field_.x) && SuitsKernels(field_.y)) {}
 
 template <class Source> void AreaSampler<Source>::Sample(typename Source::Pixel* row, std::size_t count) {
-    if (!SampleByKernels(row, count)) {
+    if (suitsKernels_) {
+        ActiveKernels<PlacingBoxes>().kernel(field_, y_, x_, boxes_, count);
+        reader_.Average({boxes_.left, boxes_.width, boxes_.top, boxes_.height}, row, count);
+    } else {
         for (std::size_t i = 0; i < count; ++i) {
             row[i] = reader_.Mean(Box(static_cast<float>(x_ + static_cast<std::int32_t>(i)), static_cast<float>(y_)));
         }
     }
     x_ += static_cast<std::int32_t>(count);
-}
-
-template <class Source>
-bool AreaSampler<Source>::SampleByKernels([[maybe_unused]] typename Source::Pixel* row,
-                                          [[maybe_unused]] std::size_t count) {
-    if constexpr (std::is_same_v<Source, TnImage>) {
-        if (suitsKernels_) {
-            ActiveKernels<Averaging>().place(field_, y_, x_, boxes_, count);
-            reader_.Average({boxes_.left, boxes_.width, boxes_.top, boxes_.height}, row, count);
-            return true;
-        }
-    }
-    return false;
 }
 
 template <class Source> TnFloatRect AreaSampler<Source>::Box(float x, float y) const {

@@ -121,7 +121,6 @@ public:
     void Sample(typename Source::Pixel* row, std::size_t count);
 
 private:
-    bool SampleByKernels(typename Source::Pixel* row, std::size_t count);
     TnFloatRect Box(float x, float y) const;
 
     const SourceReader<Source>& reader_;

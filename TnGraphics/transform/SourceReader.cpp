@@ -63,8 +63,8 @@ template <> TnMattePixel SourceReader<TnMatte>::Interpolated(float x, float y) c
     return at && HasNeighbors(grid_.size, *at) ? BilinearMean(grid_, *at, Outside()) : Outside();
 }
 
-template <> void SourceReader<TnImage>::Average(const BoxList& boxes, TnImagePixel* row, std::size_t count) const {
-    ActiveKernels<Averaging>().kernel({grid_, Outside()}, boxes, row, count);
+template <class Source> void SourceReader<Source>::Average(const BoxList& boxes, Pixel* row, std::size_t count) const {
+    ActiveKernels<Averaging<Pixel>>().kernel({grid_, Outside()}, boxes, row, count);
 }
 
 template <class Source> typename Source::Pixel SourceReader<Source>::Mean(const TnFloatRect& rect) const {

@@ -10,6 +10,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <type_traits>
 
 namespace tn {
 
@@ -41,13 +42,20 @@ public:
     /// Get(const TnFloatRect&) for a rectangle of any kind; what is not inside the source is outside.
     Pixel Mean(const TnFloatRect& rect) const;
 
-    /// Get(const TnFloatRect&) of an image for each box.
+    /// Get(const TnFloatRect&) for each box, by kernels.
     void Average(const BoxList& boxes, Pixel* row, std::size_t count) const;
 
     /// False for surfaces too large for lanes, which hold offsets in 32 bits.
     bool SuitsKernels() const {
         const std::uint64_t rows = static_cast<std::uint64_t>(grid_.size.y) * grid_.rowBytes;
         return rows + static_cast<std::uint64_t>(grid_.size.x) * sizeof(Pixel) <= 0xFFFFFFFF;
+    }
+
+    /// False also for mattes that are too narrow, or shown from a place within their storage: several of their values
+    /// are read at once.
+    bool SuitsBoxKernels() const {
+        const bool readsSeveral = std::is_same_v<Source, TnMatte>;
+        return SuitsKernels() && (!readsSeveral || (grid_.size.x >= MatteBoxes::kValuesAtOnce && grid_.IsWhole()));
     }
 
     const Source& Surface() const { return *lock_.Surface(); }

@@ -21,7 +21,8 @@ enum class InterpolationType { kNearest = 0, kSmooth = 1 };
 /// - nearest: the pixel in which the position falls;
 /// - smooth: TnImage::Get(TnFixed, TnFixed), or the matte's, between the pixels;
 /// - smooth, with m[0][0] or m[1][1] above 2: the mean of a box of 0.8 times these entries, 1.2 pixels at least, around
-///   the position, in single precision. Rotation and shear have no part in that choice.
+///   the position, cut at the content, in single precision. Rotation and shear have no part in that choice. A box that
+///   is cut to less than a pixel is outside: a move by half a destination pixel keeps the first row and column.
 ///
 /// A projective matrix steps in single precision:
 /// - nearest: the pixel nearest to the position, halves rounded away from zero;

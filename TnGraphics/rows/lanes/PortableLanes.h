@@ -251,6 +251,9 @@ constexpr Channels Divided(const Channels& channels, Pixels divisors) {
     return ForEach(channels, divisors.Spread(), [](std::uint32_t x, std::uint32_t divisor) { return x / divisor; });
 }
 
+/// a / b for words below 2^26, truncated.
+constexpr Pixels Quotients(Pixels a, Pixels b) { return {a.word / b.word}; }
+
 /// Sums of the channels of pixels times their weights.
 struct Pixels::BoxSums {
     std::array<std::uint32_t, 4> values = {};

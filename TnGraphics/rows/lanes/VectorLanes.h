@@ -177,6 +177,14 @@ template <class Set> struct PixelLanes {
         return pixels.WithAlphaOf(products + All(1U << 16));
     }
 
+    // Floats are near enough to be wrong by one at most, either way, which the remainder shows.
+    friend PixelLanes Quotients(PixelLanes a, PixelLanes b) {
+        const PixelLanes estimate = {Set::Quotients32(a.words, b.words)};
+        const PixelLanes remainder = a - estimate * b;
+        const PixelLanes low = Select(Less(remainder, All(0)), estimate - All(1), estimate);
+        return Select(Less(remainder, b), low, estimate + All(1));
+    }
+
     // Narrowing stops signed channels at 0 and 255.
     friend PixelLanes Rescaled(PixelLanes pixels, Channels scales, Channels offsets) {
         return Narrowed(
@@ -287,8 +295,8 @@ template <class Set> struct PixelLanes<Set>::BoxSums {
     }
 
     PixelLanes Mean(PixelLanes divisors) const {
-        return Narrowed({Set::Narrow32(Quotients<0>(divisors), Quotients<1>(divisors)),
-                         Set::Narrow32(Quotients<2>(divisors), Quotients<3>(divisors))});
+        return Narrowed({Set::Narrow32(RoundedQuotients<0>(divisors), RoundedQuotients<1>(divisors)),
+                         Set::Narrow32(RoundedQuotients<2>(divisors), RoundedQuotients<3>(divisors))});
     }
 
 private:
@@ -297,14 +305,10 @@ private:
         quarters[quarter] = Set::Add32(quarters[quarter], products);
     }
 
-    // Floats are near enough to be wrong by one at most, either way, which the remainder shows.
-    template <int quarter> Register Quotients(PixelLanes divisors) const {
+    template <int quarter> Register RoundedQuotients(PixelLanes divisors) const {
         const PixelLanes by = {Set::template SpreadWord32<quarter>(divisors.words)};
         const PixelLanes sums = PixelLanes{quarters[quarter]} + by.template ShiftedRight<1>();
-        const PixelLanes estimate = {Set::Quotients32(sums.words, by.words)};
-        const PixelLanes remainder = sums - estimate * by;
-        const PixelLanes low = Select(Less(remainder, All(0)), estimate - All(1), estimate);
-        return (Select(Less(remainder, by), low, estimate + All(1)) & All(255)).words;
+        return (Quotients(sums, by) & All(255)).words;
     }
 };
 
