@@ -1,4 +1,4 @@
-#include "TnGraphics/rows/RowLoop.h"
+#include "TnGraphics/rows/LevelKernels.h"
 #include "TnGraphics/rows/lanes/PortableLanes.h"
 
 namespace tn::portable {

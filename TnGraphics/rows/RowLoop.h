@@ -1,4 +1,4 @@
-// Private: the loop of every row kernel, and the table of a level's kernels. Included by the level sources alone.
+// Private: the loop of row kernels, and what it does to rows of each kind. Included by the level sources alone.
 #pragma once
 
 #include "TnGraphics/rows/Portability.h"
@@ -6,7 +6,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <type_traits>
 
 namespace tn {
@@ -182,132 +181,6 @@ private:
         return Kind::Means(source,
                            Boxes<Pixels>(load(boxes.left), load(boxes.width), load(boxes.top), load(boxes.height)));
     }
-};
-
-template <class Pixels, class Operator> void FillRow(TnImagePixel* row, std::size_t length, const Operator& op) {
-    DoRow<Pixels>(FilledRow<Pixels, Operator>{row, op}, length);
-}
-
-template <class Pixels, template <class> class Prepare, class Operator, class Source, class Destination>
-void CompositeRow(const Source* source, Destination* destination, std::size_t length, const Preparation& preparation) {
-    using Row = CompositedRow<Pixels, Prepare, Operator, Source, Destination>;
-    DoRow<Pixels>(Row{source, destination, &preparation}, length);
-}
-
-/// Nothing copies bytes faster than the C library.
-template <class Pixels, class Pixel>
-void CopyRow(const Pixel* source, Pixel* destination, std::size_t length, const Preparation&) {
-    std::memmove(static_cast<void*>(destination), source, length * sizeof(Pixel));
-}
-
-template <class Pixels>
-void SampleRow(const TnImagePixel* upper, const TnImagePixel* lower, TnImagePixel* row, std::size_t length,
-               const SubPixelWeights& weights) {
-    DoRow<Pixels>(SampledRow<Pixels>{upper, lower, row, weights}, length);
-}
-
-template <class Pixels, class Sampler>
-void SampleAtPositions(const ImageSource& source, const PositionList& positions, TnImagePixel* row,
-                       std::size_t length) {
-    DoRow<Pixels>(PositionedRow<Pixels, Sampler>{source, positions, row}, length);
-}
-
-template <class Pixels, class Kind, class Pixel>
-void AverageBoxes(const PositionSource<Pixel>& source, const BoxList& boxes, Pixel* row, std::size_t length) {
-    DoRow<Pixels>(AveragedRow<Pixels, Kind, Pixel>{source, boxes, row}, length);
-}
-
-/// Plain loops, which compilers turn into the level's instructions by themselves as long as each does one thing.
-template <class Pixels, class Quotient>
-void ProjectPositions(const HomogeneousList& positions, std::int32_t* x, std::int32_t* y, std::size_t length) {
-    const auto project = [w = positions.w, length](float* from, std::int32_t* to) {
-        for (std::size_t i = 0; i < length; ++i) {
-            from[i] = CoordinateQuotient<Pixels>(from[i], w[i]);
-        }
-        for (std::size_t i = 0; i < length; ++i) {
-            to[i] = Quotient::template Of<Pixels>(from[i]);
-        }
-    };
-    project(positions.x, x);
-    project(positions.y, y);
-}
-
-/// The lanes for pixels of two kinds.
-template <class Pixels, class Source, class Destination> struct LanesFor { using Type = Pixels; };
-template <class Pixels> struct LanesFor<Pixels, TnMattePixel, TnMattePixel> { using Type = typename Pixels::Mattes; };
-
-/// The kernels of one entry of the table.
-template <class Pixels, class Kernels> struct KernelsOver;
-
-template <class Pixels, class Operator> struct KernelsOver<Pixels, Filling<Operator>> {
-    static constexpr Filling<Operator> kKernels = {&FillRow<Pixels, Operator>};
-};
-
-template <class Pixels, class Operator, class Source, class Destination>
-struct KernelsOver<Pixels, Copying<Operator, Source, Destination>> {
-    using Lanes = typename LanesFor<Pixels, Source, Destination>::Type;
-
-    static constexpr Copying<Operator, Source, Destination> kKernels = {
-        &CompositeRow<Lanes, AsItIs, Operator, Source, Destination>};
-};
-
-template <class Pixels, class Pixel> struct KernelsOver<Pixels, Copying<CopyPixel, Pixel, Pixel>> {
-    static constexpr Copying<CopyPixel, Pixel, Pixel> kKernels = {&CopyRow<Pixels, Pixel>};
-};
-
-template <class Pixels, class Operator, class Source, class Destination>
-struct KernelsOver<Pixels, Compositing<Operator, Source, Destination>> {
-    using Lanes = typename LanesFor<Pixels, Source, Destination>::Type;
-
-    template <template <class> class Prepare>
-    static constexpr auto kPrepared = &CompositeRow<Lanes, Prepare, Operator, Source, Destination>;
-    static constexpr auto kPlain = KernelsOver<Pixels, Copying<Operator, Source, Destination>>::kKernels.kernel;
-
-    // A matte has no colour, so a colour matrix leaves it alone.
-    static constexpr Compositing<Operator, Source, Destination> MakeKernels() {
-        if constexpr (std::is_same_v<Source, TnMattePixel>) {
-            return {{kPlain, kPlain, kPrepared<ByOpacity>, kPrepared<ByOpacity>}};
-        } else {
-            return {{kPlain, kPrepared<ByMatrix>, kPrepared<ByOpacity>, kPrepared<ByMatrixAndOpacity>}};
-        }
-    }
-
-    static constexpr Compositing<Operator, Source, Destination> kKernels = MakeKernels();
-};
-
-template <class Pixels> struct KernelsOver<Pixels, Sampling> {
-    static constexpr Sampling kKernels = {&SampleRow<Pixels>};
-};
-
-template <class Pixels, class Quotient> struct KernelsOver<Pixels, Projecting<Quotient>> {
-    static constexpr Projecting<Quotient> kKernels = {&ProjectPositions<Pixels, Quotient>};
-};
-
-template <class Pixels> struct KernelsOver<Pixels, Fetching> {
-    static constexpr Fetching kKernels = {&SampleAtPositions<Pixels, AtPixels>};
-};
-
-template <class Pixels> struct KernelsOver<Pixels, Interpolating> {
-    static constexpr Interpolating kKernels = {&SampleAtPositions<Pixels, BetweenPixels>};
-};
-
-template <class Pixels> struct KernelsOver<Pixels, PlacingBoxes> {
-    static constexpr PlacingBoxes kKernels = {&PlaceBoxes<Pixels>};
-};
-
-template <class Pixels> struct KernelsOver<Pixels, Averaging<TnImagePixel>> {
-    static constexpr Averaging<TnImagePixel> kKernels = {&AverageBoxes<Pixels, ImageBoxes, TnImagePixel>};
-};
-
-template <class Pixels> struct KernelsOver<Pixels, Averaging<TnMattePixel>> {
-    static constexpr Averaging<TnMattePixel> kKernels = {&AverageBoxes<Pixels, MatteBoxes, TnMattePixel>};
-};
-
-template <class Pixels, class Table> struct LevelKernels;
-
-/// The kernels of every entry of the table over one lane type.
-template <class Pixels, class... Kernels> struct LevelKernels<Pixels, KernelTable<Kernels...>> {
-    static constexpr KernelTable<Kernels...> kTable = {KernelsOver<Pixels, Kernels>::kKernels...};
 };
 
 } // namespace tn
