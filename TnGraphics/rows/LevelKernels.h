@@ -33,10 +33,21 @@ void SampleRow(const TnImagePixel* upper, const TnImagePixel* lower, TnImagePixe
     DoRow<Pixels>(SampledRow<Pixels>{upper, lower, row, weights}, length);
 }
 
+/// In stretches whose positions all suit the sampler's inner kind, no pixel needs a test of its own.
 template <class Pixels, class Sampler>
 void SampleAtPositions(const ImageSource& source, const PositionList& positions, TnImagePixel* row,
                        std::size_t length) {
-    DoRow<Pixels>(PositionedRow<Pixels, Sampler>{source, positions, row}, length);
+    using Inner = typename Sampler::Inner;
+    constexpr std::size_t kStretch = 64;
+    for (std::size_t start = 0; start < length; start += kStretch) {
+        const std::size_t count = length - start < kStretch ? length - start : kStretch;
+        const PositionList stretch = {positions.x + start, positions.y + start};
+        if (Inner::template Suits<Pixels>(source, stretch, count)) {
+            DoRow<Pixels>(PositionedRow<Pixels, Inner>{source, stretch, row + start}, count);
+        } else {
+            DoRow<Pixels>(PositionedRow<Pixels, Sampler>{source, stretch, row + start}, count);
+        }
+    }
 }
 
 template <class Pixels, class Kind, class Pixel>

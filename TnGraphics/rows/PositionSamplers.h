@@ -60,8 +60,36 @@ private:
     std::uint32_t Height() const { return static_cast<std::uint32_t>(source.grid.size.y); }
 };
 
-/// The pixels at the positions; outside the image its outside pixel.
+/// True when all positions, taken without a sign, are below the limits.
+template <class Pixels>
+bool AreBelow(const PositionList& positions, std::size_t length, std::uint32_t xLimit, std::uint32_t yLimit) {
+    std::uint32_t beyond = 0;
+    for (std::size_t i = 0; i < length; ++i) {
+        beyond |= static_cast<std::uint32_t>(positions.x[i]) >= xLimit ? 1U : 0U;
+        beyond |= static_cast<std::uint32_t>(positions.y[i]) >= yLimit ? 1U : 0U;
+    }
+    return beyond == 0;
+}
+
+/// The pixels at positions that all lie inside the image.
+struct AtInnerPixels {
+    template <class Pixels>
+    static bool Suits(const ImageSource& source, const PositionList& positions, std::size_t length) {
+        return source.grid.IsWhole() &&
+               AreBelow<Pixels>(positions, length, static_cast<std::uint32_t>(source.grid.size.x),
+                                static_cast<std::uint32_t>(source.grid.size.y));
+    }
+
+    template <class Pixels> static Pixels Sample(const ImageSource& source, Pixels x, Pixels y) {
+        const GridLanes<Pixels> grid = {source};
+        return grid.Gather(grid.Offsets(x, y), x == x, Pixels::All(0));
+    }
+};
+
+/// The pixels at positions; outside the image its outside pixel.
 struct AtPixels {
+    using Inner = AtInnerPixels;
+
     template <class Pixels> static Pixels Sample(const ImageSource& source, Pixels x, Pixels y) {
         const GridLanes<Pixels> grid = {source};
         const Pixels offsets = grid.Offsets(x, y);
@@ -69,41 +97,67 @@ struct AtPixels {
     }
 };
 
-/// What lies at the positions in 16.16, of which the upper 8 bits of the fraction count. The image's last column and
-/// row are repeated.
+/// A position in 16.16 between pixels, of which the upper 8 bits of the fraction count.
+template <class Pixels> struct SplitCoordinate {
+    Pixels whole;
+    Pixels part;
+
+    explicit SplitCoordinate(Pixels at)
+        : whole(at.template ShiftedRightSigned<16>()), part(at.template ShiftedRight<8>() & Pixels::All(255)) {}
+};
+
+/// The mean of neighbouring pixels at a position between them.
+///
+/// Lanes take weights of a byte across. On a column of pixels these have all the weight, and are taken twice.
+template <class Pixels>
+Pixels MeanAt(const ImageSource& source, Neighbors<Pixels> pixels, const SplitCoordinate<Pixels>& column,
+              const SplitCoordinate<Pixels>& row) {
+    const auto isOnColumn = column.part == Pixels::All(0);
+    pixels.upperRight = Select(isOnColumn, pixels.upperLeft, pixels.upperRight);
+    pixels.lowerRight = Select(isOnColumn, pixels.lowerLeft, pixels.lowerRight);
+    const typename Pixels::Sums::WeightsOfEach weights(Select(isOnColumn, Pixels::All(128), column.part), row.part);
+    return source.disregardsAlpha ? PlainMean(pixels, weights) : VisibleMean(pixels, weights);
+}
+
+/// What lies at positions in 16.16 that all have four neighbours.
+struct BetweenInnerPixels {
+    template <class Pixels>
+    static bool Suits(const ImageSource& source, const PositionList& positions, std::size_t length) {
+        const auto limit = [](std::int32_t size) {
+            return static_cast<std::uint32_t>(size > 32768 ? 32768 : size - 1) << 16;
+        };
+        return source.grid.IsWhole() && source.grid.size.x > 0 && source.grid.size.y > 0 &&
+               AreBelow<Pixels>(positions, length, limit(source.grid.size.x), limit(source.grid.size.y));
+    }
+
+    template <class Pixels> static Pixels Sample(const ImageSource& source, Pixels x, Pixels y) {
+        const GridLanes<Pixels> grid = {source};
+        const SplitCoordinate<Pixels> column(x);
+        const SplitCoordinate<Pixels> row(y);
+        const Pixels offsets = grid.Offsets(column.whole, row.whole);
+        Neighbors<Pixels> pixels;
+        Pixels::GatherPairs(source.grid.base, offsets, pixels.upperLeft, pixels.upperRight);
+        Pixels::GatherPairs(source.grid.base, offsets + grid.RowBytes(), pixels.lowerLeft, pixels.lowerRight);
+        return MeanAt(source, pixels, column, row);
+    }
+};
+
+/// What lies at positions in 16.16. The image's last column and row are repeated.
 struct BetweenPixels {
+    using Inner = BetweenInnerPixels;
+
     template <class Pixels> static Pixels Sample(const ImageSource& source, Pixels x, Pixels y) {
         const GridLanes<Pixels> grid = {source};
         const Pixels none = Pixels::All(0);
-        const Pixels column = x.template ShiftedRightSigned<16>();
-        const Pixels row = y.template ShiftedRightSigned<16>();
-        const Pixels offsets = grid.Offsets(column, row);
-        const auto hasRight = grid.HasRight(column);
-        const auto hasBelow = grid.HasBelow(row);
-        const Pixels rightStep = Select(hasRight, Pixels::All(sizeof(TnImagePixel)), none);
-        const Pixels belowStep = Select(hasBelow, grid.RowBytes(), none);
-        const auto where = grid.Has(column, row) & grid.IsInBlock(offsets + rightStep + belowStep);
-
-        const Pixels part = Pixels::All(255) & x.template ShiftedRight<8>();
-        const Pixels lower = Pixels::All(255) & y.template ShiftedRight<8>();
-        const auto isOnColumn = part == none;
-        Neighbors<Pixels> neighbors;
-        if ((where & hasRight & hasBelow).Every()) {
-            Pixels::GatherPairs(grid.source.grid.base, offsets, neighbors.upperLeft, neighbors.upperRight);
-            Pixels::GatherPairs(grid.source.grid.base, offsets + belowStep, neighbors.lowerLeft, neighbors.lowerRight);
-        } else {
-            neighbors = {grid.Gather(offsets, where, none), grid.Gather(offsets + rightStep, where, none),
-                         grid.Gather(offsets + belowStep, where, none),
-                         grid.Gather(offsets + belowStep + rightStep, where, none)};
-        }
-
-        // Lanes take weights of a byte across. On a column of pixels these have all the weight, and are taken twice.
-        neighbors.upperRight = Select(isOnColumn, neighbors.upperLeft, neighbors.upperRight);
-        neighbors.lowerRight = Select(isOnColumn, neighbors.lowerLeft, neighbors.lowerRight);
-        const Pixels right = Select(isOnColumn, Pixels::All(128), part);
-        const typename Pixels::Sums::WeightsOfEach weights(right, lower);
-        const Pixels mean = source.disregardsAlpha ? PlainMean(neighbors, weights) : VisibleMean(neighbors, weights);
-        return Select(where, mean, Pixels::All(source.outside.value));
+        const SplitCoordinate<Pixels> column(x);
+        const SplitCoordinate<Pixels> row(y);
+        const Pixels offsets = grid.Offsets(column.whole, row.whole);
+        const Pixels toRight = Select(grid.HasRight(column.whole), Pixels::All(sizeof(TnImagePixel)), none);
+        const Pixels toBelow = Select(grid.HasBelow(row.whole), grid.RowBytes(), none);
+        const auto where = grid.Has(column.whole, row.whole) & grid.IsInBlock(offsets + toRight + toBelow);
+        const auto at = [&](Pixels step) { return grid.Gather(offsets + step, where, none); };
+        const Neighbors<Pixels> pixels = {at(none), at(toRight), at(toBelow), at(toBelow + toRight)};
+        return Select(where, MeanAt(source, pixels, column, row), Pixels::All(source.outside.value));
     }
 };
 

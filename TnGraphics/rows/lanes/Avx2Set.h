@@ -73,7 +73,6 @@ template <class Level> struct Avx2Instructions {
     static Register Xor(Register a, Register b) { return _mm256_xor_si256(a, b); }
     static Mask32 OrMask32(Mask32 a, Mask32 b) { return _mm256_or_si256(a, b); }
     static Mask32 AndMask32(Mask32 a, Mask32 b) { return And(a, b); }
-    static bool EveryMask32(Mask32 mask) { return _mm256_movemask_epi8(mask) == -1; }
     static bool AnyMask32(Mask32 mask) { return HasBits(mask); }
     static Register Select32(Mask32 mask, Register a, Register b) { return _mm256_blendv_epi8(b, a, mask); }
 

@@ -51,7 +51,6 @@ struct InstructionSet {
     static Register Xor(Register a, Register b) { return _mm512_xor_si512(a, b); }
     static Mask32 OrMask32(Mask32 a, Mask32 b) { return static_cast<Mask32>(a | b); }
     static Mask32 AndMask32(Mask32 a, Mask32 b) { return static_cast<Mask32>(a & b); }
-    static bool EveryMask32(Mask32 mask) { return mask == 0xFFFF; }
     static bool AnyMask32(Mask32 mask) { return mask != 0; }
     static Register Select32(Mask32 mask, Register a, Register b) { return _mm512_mask_blend_epi32(mask, b, a); }
 

@@ -85,7 +85,6 @@ struct InstructionSet {
     static Register Xor(Register a, Register b) { return _mm_xor_si128(a, b); }
     static Mask32 OrMask32(Mask32 a, Mask32 b) { return _mm_or_si128(a, b); }
     static Mask32 AndMask32(Mask32 a, Mask32 b) { return And(a, b); }
-    static bool EveryMask32(Mask32 mask) { return _mm_movemask_epi8(mask) == 0xFFFF; }
     static bool AnyMask32(Mask32 mask) { return _mm_movemask_epi8(mask) != 0; }
     static Register Select32(Mask32 mask, Register a, Register b) {
         return _mm_or_si128(_mm_and_si128(mask, a), _mm_andnot_si128(mask, b));

@@ -73,8 +73,7 @@ constexpr Channels DividedBy255(const Channels& channels) {
 struct PixelMask {
     bool mask;
 
-    constexpr bool Any() const { return mask; }   ///< True when there is such a pixel.
-    constexpr bool Every() const { return mask; } ///< True when there is no other pixel.
+    constexpr bool Any() const { return mask; } ///< True when there is such a pixel.
 };
 
 constexpr PixelMask operator|(PixelMask a, PixelMask b) { return {a.mask || b.mask}; }

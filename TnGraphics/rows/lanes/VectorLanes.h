@@ -65,7 +65,6 @@ template <class Set> struct PixelMask {
     typename Set::Mask32 mask;
 
     bool Any() const { return Set::AnyMask32(mask); }
-    bool Every() const { return Set::EveryMask32(mask); }
     friend PixelMask operator|(PixelMask a, PixelMask b) { return {Set::OrMask32(a.mask, b.mask)}; }
     friend PixelMask operator&(PixelMask a, PixelMask b) { return {Set::AndMask32(a.mask, b.mask)}; }
 };
