@@ -60,6 +60,11 @@ private:
     std::uint32_t Height() const { return static_cast<std::uint32_t>(source.grid.size.y); }
 };
 
+/// True when the size alone says what lies in the storage block.
+template <class Pixels> bool HasWhole(const ImageSource& source) {
+    return source.grid.lastOffset == PixelGrid<TnImagePixel>::kWhole;
+}
+
 /// True when all positions, taken without a sign, are below the limits.
 template <class Pixels>
 bool AreBelow(const PositionList& positions, std::size_t length, std::uint32_t xLimit, std::uint32_t yLimit) {
@@ -75,7 +80,7 @@ bool AreBelow(const PositionList& positions, std::size_t length, std::uint32_t x
 struct AtInnerPixels {
     template <class Pixels>
     static bool Suits(const ImageSource& source, const PositionList& positions, std::size_t length) {
-        return source.grid.IsWhole() &&
+        return HasWhole<Pixels>(source) &&
                AreBelow<Pixels>(positions, length, static_cast<std::uint32_t>(source.grid.size.x),
                                 static_cast<std::uint32_t>(source.grid.size.y));
     }
@@ -126,7 +131,7 @@ struct BetweenInnerPixels {
         const auto limit = [](std::int32_t size) {
             return static_cast<std::uint32_t>(size > 32768 ? 32768 : size - 1) << 16;
         };
-        return source.grid.IsWhole() && source.grid.size.x > 0 && source.grid.size.y > 0 &&
+        return HasWhole<Pixels>(source) && source.grid.size.x > 0 && source.grid.size.y > 0 &&
                AreBelow<Pixels>(positions, length, limit(source.grid.size.x), limit(source.grid.size.y));
     }
 
