@@ -48,6 +48,10 @@ template <class Pixel> bool HasArea(const PixelGrid<Pixel>& grid, const AreaSpan
            grid.Has(columns.First() + columns.LastIndex(), rows.First() + rows.LastIndex());
 }
 
+template <class Pixel> bool HasArea(const PixelGrid<Pixel>& grid, const TnFloatRect& rect) {
+    return HasArea(grid, AreaSpan(rect.left, rect.width), AreaSpan(rect.top, rect.height));
+}
+
 /// Adds a row's pixels, the first and the last of them by their shares.
 template <class Sum, class Pixel>
 void AddRow(Sum& sum, const Pixel* pixels, const AreaSpan& columns, std::uint32_t rowShare) {

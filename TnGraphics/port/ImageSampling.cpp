@@ -1,6 +1,7 @@
 #include "TnGraphics/port/ImageSampling.h"
 
 #include "TnGraphics/port/AreaMean.h"
+#include "TnGraphics/port/Assertion.h"
 #include "TnGraphics/port/Bilinear.h"
 #include "TnGraphics/port/TnImage.h"
 
@@ -15,6 +16,9 @@ constexpr std::size_t kChannels = 4;
 constexpr std::size_t kAlpha = 3;
 
 std::uint32_t Channel(TnImagePixel pixel, std::size_t channel) { return pixel.value >> (8 * channel) & 255U; }
+
+constinit AssertionSite areaLeavesImage = {"HasArea", "TnImage::Get(TnFloatRect)", "port/ImageSampling", __LINE__};
+constinit AssertionSite blockLeavesImage = {"HasBlock", "TnImage::Get(kernels)", "port/ImageSampling", __LINE__};
 
 using ChannelSums = std::array<std::uint32_t, kChannels>;
 
@@ -54,6 +58,11 @@ TnImagePixel WeightedMean(const std::array<TnImagePixel, 4>& pixels, const Bilin
     }
     sums[kAlpha] >>= 16;
     return PixelOf(sums);
+}
+
+bool HasBlock(const PixelGrid<TnImagePixel>& grid, std::int64_t x, std::int64_t y, unsigned long nx, unsigned long ny) {
+    return nx == 0 || ny == 0 ||
+           (grid.Has(x, y) && grid.Has(x + static_cast<std::int64_t>(nx) - 1, y + static_cast<std::int64_t>(ny) - 1));
 }
 
 // Halves of an area that is too large for sums of 32 bits.
@@ -141,13 +150,16 @@ TnImagePixel TnImage::Get(const TnFloatRect& rect) const {
         return OutsidePixel();
     }
     const tn::ClientLock<TnImage> lock(*this);
-    return tn::AreaMean(tn::ReadAccess::GridOf(*this), rect, OutsidePixel());
+    const auto grid = tn::ReadAccess::GridOf(*this);
+    tn::areaLeavesImage.AssertInDebug(tn::HasArea(grid, rect));
+    return tn::AreaMean(grid, rect, OutsidePixel());
 }
 
 TnImagePixel TnImage::Get(long x, long y, const TnFixed* kx, unsigned long nx, const TnFixed* ky,
                           unsigned long ny) const {
     const tn::ClientLock<TnImage> lock(*this);
     const auto grid = tn::ReadAccess::GridOf(*this);
+    tn::blockLeavesImage.AssertInDebug(tn::HasBlock(grid, x, y, nx, ny));
     tn::ChannelSums sums = {};
     for (unsigned long j = 0; j < ny; ++j) {
         for (unsigned long i = 0; i < nx; ++i) {

@@ -1,6 +1,7 @@
 #include "TnGraphics/port/MatteSampling.h"
 
 #include "TnGraphics/geometry/Rounding.h"
+#include "TnGraphics/port/Assertion.h"
 #include "TnGraphics/port/Bilinear.h"
 #include "TnGraphics/port/TnMatte.h"
 
@@ -35,6 +36,8 @@ TnMattePixel BilinearMean(const PixelGrid<TnMattePixel>& grid, const MattePositi
 
 namespace {
 
+constinit tn::AssertionSite areaLeavesMatte = {"HasArea", "TnMatte::Get(TnFloatRect)", "port/MatteSampling", __LINE__};
+
 TnMattePixel Interpolated(const TnMatte& matte, const tn::MattePosition& at) {
     if (!tn::HasNeighbors(matte.StorageSize(), at)) {
         return matte.OutsidePixel();
@@ -63,8 +66,9 @@ TnMattePixel TnMatte::Get(const TnFloatRect& rect) const {
         return OutsidePixel();
     }
     const tn::ClientLock<TnMatte> lock(*this);
-    return tn::AreaMean(tn::ReadAccess::GridOf(*this), tn::AreaSpan(rect.left, rect.width),
-                        tn::AreaSpan(rect.top, rect.height));
+    const auto grid = tn::ReadAccess::GridOf(*this);
+    areaLeavesMatte.AssertInDebug(tn::HasArea(grid, rect));
+    return tn::AreaMean(grid, tn::AreaSpan(rect.left, rect.width), tn::AreaSpan(rect.top, rect.height));
 }
 
 TnMattePixel TnMatte::Get(long, long, const TnFixed*, unsigned long, const TnFixed*, unsigned long) const {

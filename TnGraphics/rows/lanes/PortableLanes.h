@@ -9,6 +9,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 
 namespace tn::portable {
 
@@ -105,9 +106,12 @@ struct Pixels {
     void Store(TnImagePixel* to) const { to->value = word; }                                     ///< kCount pixels.
     void Store(TnMattePixel* to) const { to->value = static_cast<std::uint8_t>(word >> 24); }
 
-    /// The pixels at offsets in bytes from an address, where the mask says so.
+    /// The words at offsets in bytes from an address, where the mask says so.
     static Pixels Gather(std::uintptr_t base, Pixels offsets, PixelMask where, Pixels otherwise) {
-        return where.mask ? Load(reinterpret_cast<const TnImagePixel*>(base + offsets.word)) : otherwise;
+        if (where.mask) {
+            std::memcpy(&otherwise.word, reinterpret_cast<const void*>(base + offsets.word), sizeof(otherwise.word));
+        }
+        return otherwise;
     }
 
     /// The pixels at offsets and those to their right.
