@@ -2,20 +2,16 @@
 // by all callers.
 
 #include "tests/ops/compositing/Forms.h"
-#include "tests/support/Levels.h"
 #include "tests/support/Pictures.h"
 #include "tests/support/PixelDiff.h"
+#include "tests/support/Threads.h"
 
-#include <functional>
 #include <gtest/gtest.h>
 #include <string>
-#include <thread>
-#include <vector>
 
 namespace tn::test {
 namespace {
 
-constexpr std::size_t kThreads = 4;
 constexpr int kRounds = 12;
 
 template <class SourceType, class DestinationType>
@@ -43,26 +39,10 @@ std::string FirstDifference(Random& random, const FormType (&forms)[count]) {
     return finding;
 }
 
-// Assertions belong to the main thread, so the others say what they found.
-void RunRounds(std::uint64_t seed, std::string& finding) {
-    Random random(seed);
-    for (int round = 0; round < kRounds && finding.empty(); ++round) {
-        finding = FirstDifference(random, kImageForms) + FirstDifference(random, kMatteForms) +
-                  FirstDifference(random, kImageToMatteForms) + FirstDifference(random, kMatteToImageForms);
-    }
-}
-
 TEST(Compositing, OfDistinctSurfacesCanBeDoneInSeveralThreadsAtOnce) {
-    ForEachSupportedLevel([](ProcessorLevel) {
-        std::vector<std::string> findings(kThreads);
-        std::vector<std::thread> threads;
-        for (std::size_t i = 0; i < kThreads; ++i) {
-            threads.emplace_back(RunRounds, i, std::ref(findings[i]));
-        }
-        for (std::thread& thread : threads) {
-            thread.join();
-        }
-        EXPECT_EQ(findings, std::vector<std::string>(kThreads));
+    ExpectNoFindingsInThreads(kRounds, [](Random& random) {
+        return FirstDifference(random, kImageForms) + FirstDifference(random, kMatteForms) +
+               FirstDifference(random, kImageToMatteForms) + FirstDifference(random, kMatteToImageForms);
     });
 }
 

@@ -3,23 +3,19 @@
 
 #include "tests/models/EraseModels.h"
 #include "tests/models/FillModels.h"
-#include "tests/support/Levels.h"
 #include "tests/support/Pictures.h"
 #include "tests/support/PixelDiff.h"
+#include "tests/support/Threads.h"
 
 #include "TnGraphics/ops/Erase.h"
 #include "TnGraphics/ops/Fills.h"
 
-#include <functional>
 #include <gtest/gtest.h>
 #include <string>
-#include <thread>
-#include <vector>
 
 namespace tn::test {
 namespace {
 
-constexpr std::size_t kThreads = 4;
 constexpr int kRounds = 50;
 
 // Applies every operation to an image and to its model.
@@ -69,25 +65,9 @@ template <class SurfaceType, class Apply> std::string FirstDifference(Random& ra
     return SamePixels(expected, picture.Snapshot()).message();
 }
 
-// Assertions belong to the main thread, so the others say what they found.
-void RunRounds(std::uint64_t seed, std::string& finding) {
-    Random random(seed);
-    for (int round = 0; round < kRounds && finding.empty(); ++round) {
-        finding = FirstDifference<TnImage>(random, &ApplyToImage) + FirstDifference<TnMatte>(random, &ApplyToMatte);
-    }
-}
-
 TEST(DistinctSurfaces, CanBeWorkedOnInSeveralThreadsAtOnce) {
-    ForEachSupportedLevel([](ProcessorLevel) {
-        std::vector<std::string> findings(kThreads);
-        std::vector<std::thread> threads;
-        for (std::size_t i = 0; i < kThreads; ++i) {
-            threads.emplace_back(RunRounds, i, std::ref(findings[i]));
-        }
-        for (std::thread& thread : threads) {
-            thread.join();
-        }
-        EXPECT_EQ(findings, std::vector<std::string>(kThreads));
+    ExpectNoFindingsInThreads(kRounds, [](Random& random) {
+        return FirstDifference<TnImage>(random, &ApplyToImage) + FirstDifference<TnMatte>(random, &ApplyToMatte);
     });
 }
 

@@ -2,21 +2,17 @@
 
 #include "tests/models/ResamplingModels.h"
 #include "tests/port/sampling/ReadSurfaces.h"
-#include "tests/support/Levels.h"
 #include "tests/support/PixelDiff.h"
+#include "tests/support/Threads.h"
 #include "tests/transform/Calls.h"
 #include "tests/transform/RandomMatrices.h"
 
-#include <functional>
 #include <gtest/gtest.h>
 #include <string>
-#include <thread>
-#include <vector>
 
 namespace tn::test {
 namespace {
 
-constexpr std::size_t kThreads = 4;
 constexpr int kRounds = 60;
 
 template <class SourceType, class DestinationType> std::string FirstDifference(Random& random) {
@@ -32,26 +28,10 @@ template <class SourceType, class DestinationType> std::string FirstDifference(R
     return result ? "" : ::testing::PrintToString(elements) + ": " + result.message();
 }
 
-// Assertions belong to the main thread, so the others say what they found.
-void RunRounds(std::uint64_t seed, std::string& finding) {
-    Random random(seed);
-    for (int round = 0; round < kRounds && finding.empty(); ++round) {
-        finding = FirstDifference<TnImage, TnImage>(random) + FirstDifference<TnMatte, TnMatte>(random) +
-                  FirstDifference<TnImage, TnMatte>(random);
-    }
-}
-
 TEST(Transform, OfDistinctSurfacesCanBeDoneInSeveralThreadsAtOnce) {
-    ForEachSupportedLevel([](ProcessorLevel) {
-        std::vector<std::string> findings(kThreads);
-        std::vector<std::thread> threads;
-        for (std::size_t i = 0; i < kThreads; ++i) {
-            threads.emplace_back(RunRounds, i, std::ref(findings[i]));
-        }
-        for (std::thread& thread : threads) {
-            thread.join();
-        }
-        EXPECT_EQ(findings, std::vector<std::string>(kThreads));
+    ExpectNoFindingsInThreads(kRounds, [](Random& random) {
+        return FirstDifference<TnImage, TnImage>(random) + FirstDifference<TnMatte, TnMatte>(random) +
+               FirstDifference<TnImage, TnMatte>(random);
     });
 }
 
