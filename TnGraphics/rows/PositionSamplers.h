@@ -87,7 +87,8 @@ struct AtInnerPixels {
 
     template <class Pixels> static Pixels Sample(const ImageSource& source, Pixels x, Pixels y) {
         const GridLanes<Pixels> grid = {source};
-        return grid.Gather(grid.Offsets(x, y), x == x, Pixels::All(0));
+        const auto everywhere = Below(Pixels::All(0), 1);
+        return grid.Gather(grid.Offsets(x, y), everywhere, Pixels::All(0));
     }
 };
 
