@@ -3,6 +3,8 @@
 namespace tn {
 namespace {
 
+static_assert(kPositions <= kMostBoxes);
+
 BoxAxis AxisOf(const float (&entries)[3], float scale, std::int32_t size) {
     constexpr float kSmallestHalf = 0.6F;
     const float half = 0.4F * scale;
