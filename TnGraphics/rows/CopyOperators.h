@@ -19,6 +19,21 @@ struct CopyColor {
     template <class Pixels> Pixels operator()(Pixels s, Pixels d) const { return s.WithAlphaOf(d); }
 };
 
+/// The source's colour over no alpha.
+struct CopyColorClearAlpha {
+    template <class Pixels> Pixels operator()(Pixels s, Pixels) const { return s & Pixels::All(~kAlphaBits); }
+};
+
+/// (d x (255 - da) + s x da) / 255 for each colour channel; the alpha stays.
+struct PaintThroughAlpha {
+    template <class Pixels> Pixels operator()(Pixels s, Pixels d) const {
+        using Channels = typename Pixels::Channels;
+        const Channels alphas = d.Alphas();
+        const Channels sum = d.Widened() * (Channels::All16(255) - alphas) + s.Widened() * alphas;
+        return Pixels::Narrowed(DividedBy255(sum)).WithAlphaOf(d);
+    }
+};
+
 /// The source's alpha.
 struct CopyAlpha {
     template <class Pixels> Pixels operator()(Pixels s, Pixels d) const { return d.WithAlphaOf(s); }

@@ -97,6 +97,8 @@ using RowKernels = KernelTable<
     Copying<CopyAlpha, TnImagePixel, TnMattePixel>, Copying<CopyAlpha, TnMattePixel, TnImagePixel>,
     Copying<CopyLumaToAlpha>, Copying<CopyLumaToAlpha, TnImagePixel, TnMattePixel>,
     Copying<CopyAlphaToColor, TnMattePixel, TnImagePixel>,
+    // Textures
+    Copying<CopyColorClearAlpha>, Copying<PaintThroughAlpha>,
     // Transforms
     Projecting<RoundedQuotient>, Projecting<TruncatedQuotient>, Fetching, Interpolating, PlacingBoxes,
     Averaging<TnImagePixel>, Averaging<TnMattePixel>>;
