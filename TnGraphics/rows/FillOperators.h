@@ -55,7 +55,7 @@ struct BlendBehind {
 
     // Pictures are opaque or empty nearly everywhere, and there blending is a choice.
     template <class Pixels> Pixels Easily(Pixels d, Pixels) const {
-        return Select(Transparent(d), Pixels::All(color & ~kAlphaBits), d);
+        return Select(Transparent(d), Pixels::All(color & kColorBits), d);
     }
 };
 
@@ -83,6 +83,15 @@ struct BlendBehindAndSetAlpha {
 
     template <class Pixels> Pixels Easily(Pixels d, Pixels column) const {
         return set(blend.Easily(d, column), column);
+    }
+};
+
+/// Alpha 255 for a pixel of alpha 0, unless it has the colour.
+struct OpaqueUnlessColor {
+    std::uint32_t color; // with alpha 0
+
+    template <class Pixels> Pixels operator()(Pixels d, Pixels) const {
+        return Select(d == Pixels::All(color), d, d | Pixels::All(kAlphaBits));
     }
 };
 

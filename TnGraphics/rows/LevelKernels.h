@@ -3,6 +3,7 @@
 
 #include "TnGraphics/rows/RowKernels.h"
 #include "TnGraphics/rows/RowLoop.h"
+#include "TnGraphics/rows/Turning.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -53,6 +54,90 @@ void SampleAtPositions(const ImageSource& source, const PositionList& positions,
 template <class Pixels, class Kind, class Pixel>
 void AverageBoxes(const PositionSource<Pixel>& source, const BoxList& boxes, Pixel* row, std::size_t length) {
     DoRow<Pixels>(AveragedRow<Pixels, Kind, Pixel>{source, boxes, row}, length);
+}
+
+/// The index of the first of count pixels that have a bit set, or count.
+template <class Pixel, class Pixels> std::size_t FirstWithBits(Pixels found, std::size_t count) {
+    Pixel pixels[Pixels::kCount];
+    found.Store(pixels);
+    std::size_t index = 0;
+    while (index < count && pixels[index].value == 0) {
+        ++index;
+    }
+    return index;
+}
+
+/// The index of the last of count pixels that have a bit set, or count.
+template <class Pixel, class Pixels> std::size_t LastWithBits(Pixels found, std::size_t count) {
+    Pixel pixels[Pixels::kCount];
+    found.Store(pixels);
+    for (std::size_t index = count; index > 0; --index) {
+        if (pixels[index - 1].value != 0) {
+            return index - 1;
+        }
+    }
+    return count;
+}
+
+template <class Pixels, class Predicate, class Pixel>
+std::size_t FindFirst(const Pixel* row, std::size_t length, const Predicate& predicate) {
+    using Narrower = typename Pixels::Narrower;
+    const Predicate isSought = predicate;
+    const std::size_t rest = length % Pixels::kCount;
+    const std::size_t end = length - rest;
+    for (std::size_t column = 0; column < end; column += Pixels::kCount) {
+        const Pixels found = isSought(Pixels::Load(row + column));
+        if (found.HasBits()) {
+            return column + FirstWithBits<Pixel>(found, Pixels::kCount);
+        }
+    }
+    if (rest == 0) {
+        return length;
+    }
+    if constexpr (std::is_void_v<Narrower>) {
+        return end + FirstWithBits<Pixel>(isSought(Pixels::LoadFirst(row + end, rest)), rest);
+    } else {
+        return end + FindFirst<Narrower>(row + end, rest, isSought);
+    }
+}
+
+template <class Pixels, class Predicate, class Pixel>
+std::size_t FindRow(const Pixel* first, std::size_t rowBytes, std::size_t rows, std::size_t length,
+                    const Predicate& isSought) {
+    const auto start = reinterpret_cast<std::uintptr_t>(first);
+    std::size_t row = 0;
+    while (row < rows &&
+           FindFirst<Pixels>(reinterpret_cast<const Pixel*>(start + row * rowBytes), length, isSought) == length) {
+        ++row;
+    }
+    return row;
+}
+
+template <class Pixels, class Predicate, class Pixel>
+std::size_t FindLast(const Pixel* row, std::size_t length, const Predicate& predicate) {
+    using Narrower = typename Pixels::Narrower;
+    const Predicate isSought = predicate;
+    const std::size_t rest = length % Pixels::kCount;
+    const std::size_t end = length - rest;
+    if (rest > 0) {
+        std::size_t last = rest;
+        if constexpr (std::is_void_v<Narrower>) {
+            last = LastWithBits<Pixel>(isSought(Pixels::LoadFirst(row + end, rest)), rest);
+        } else {
+            last = FindLast<Narrower>(row + end, rest, isSought);
+        }
+        if (last < rest) {
+            return end + last;
+        }
+    }
+    for (std::size_t column = end; column > 0; column -= Pixels::kCount) {
+        const std::size_t start = column - Pixels::kCount;
+        const Pixels found = isSought(Pixels::Load(row + start));
+        if (found.HasBits()) {
+            return start + LastWithBits<Pixel>(found, Pixels::kCount);
+        }
+    }
+    return length;
 }
 
 /// Plain loops, which compilers turn into the level's instructions by themselves as long as each does one thing.
@@ -115,6 +200,31 @@ struct KernelsOver<Pixels, Compositing<Operator, Source, Destination>> {
 
 template <class Pixels> struct KernelsOver<Pixels, Sampling> {
     static constexpr Sampling kKernels = {&SampleRow<Pixels>};
+};
+
+template <class Pixels, class Predicate, class Pixel> struct KernelsOver<Pixels, Searching<Predicate, Pixel>> {
+    using Lanes = typename LanesFor<Pixels, Pixel, Pixel>::Type;
+
+    static constexpr Searching<Predicate, Pixel> kKernels = {
+        &FindFirst<Lanes, Predicate, Pixel>, &FindLast<Lanes, Predicate, Pixel>, &FindRow<Lanes, Predicate, Pixel>};
+};
+
+/// Lanes for columns of mattes: 32 of them, as many as are filtered at once, fill a register of AVX2.
+template <class Pixels, class Narrower = typename Pixels::Narrower> struct LanesForColumns {
+    using Type = typename Narrower::Mattes;
+};
+template <class Pixels> struct LanesForColumns<Pixels, void> { using Type = typename Pixels::Mattes; };
+
+template <class Pixels> struct KernelsOver<Pixels, Turning> {
+    using Lanes = typename LanesForColumns<Pixels>::Type;
+
+    static constexpr Turning kKernels = {&TurnIntoColumns<Lanes>, &TurnIntoRows<Lanes>};
+};
+
+template <class Pixels, class Filter> struct KernelsOver<Pixels, FilteringColumns<Filter>> {
+    using Lanes = typename LanesForColumns<Pixels>::Type;
+
+    static constexpr FilteringColumns<Filter> kKernels = {&FilterColumns<Lanes, Filter>};
 };
 
 template <class Pixels, class Quotient> struct KernelsOver<Pixels, Projecting<Quotient>> {

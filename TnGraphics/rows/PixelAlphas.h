@@ -7,6 +7,7 @@
 namespace tn {
 
 inline constexpr std::uint32_t kAlphaBits = 0xFF000000;
+inline constexpr std::uint32_t kColorBits = ~kAlphaBits;
 
 /// Where the alphas are 0.
 template <class Pixels> auto Transparent(Pixels pixels) { return (pixels & Pixels::All(kAlphaBits)) == Pixels::All(0); }

@@ -6,6 +6,9 @@
 
 namespace tn {
 
+/// A number without sign of 128 bits.
+__extension__ using Unsigned128 = unsigned __int128;
+
 inline bool ProcessorHasAvx2() {
     __builtin_cpu_init();
     return __builtin_cpu_supports("avx2") != 0;

@@ -5,6 +5,7 @@
 #include "TnGraphics/port/TnMattePixel.h"
 #include "TnGraphics/rows/BoxField.h"
 #include "TnGraphics/rows/BoxMeans.h"
+#include "TnGraphics/rows/ColumnFilters.h"
 #include "TnGraphics/rows/CompositingOperators.h"
 #include "TnGraphics/rows/CopyOperators.h"
 #include "TnGraphics/rows/FillOperators.h"
@@ -12,6 +13,7 @@
 #include "TnGraphics/rows/Preparation.h"
 #include "TnGraphics/rows/ProcessorLevel.h"
 #include "TnGraphics/rows/ProjectedPositions.h"
+#include "TnGraphics/rows/SearchPredicates.h"
 #include "TnGraphics/rows/SubPixelSampler.h"
 
 #include <array>
@@ -80,6 +82,38 @@ template <class Pixel> struct Averaging { BoxKernel<Pixel> kernel; };
 /// From positions to coordinates by RoundedQuotient or TruncatedQuotient.
 template <class Quotient> struct Projecting { ProjectionKernel kernel; };
 
+/// Finds a pixel of a row: its index, or the row's length when there is none.
+template <class Predicate, class Pixel>
+using SearchKernel = std::size_t (*)(const Pixel* row, std::size_t length, const Predicate& isSought);
+
+/// Finds the first of some rows of a length that has such a pixel: its index, or the number of rows.
+template <class Predicate, class Pixel>
+using RowSearchKernel = std::size_t (*)(const Pixel* first, std::size_t rowBytes, std::size_t rows, std::size_t length,
+                                        const Predicate& isSought);
+
+/// Searches for what a predicate seeks.
+template <class Predicate, class Pixel> struct Searching {
+    SearchKernel<Predicate, Pixel> first;
+    SearchKernel<Predicate, Pixel> last;
+    RowSearchKernel<Predicate, Pixel> row;
+};
+
+/// Turns rows into columns or columns into rows: value j of row i becomes value i of row j.
+///
+/// \param rows   how many rows there are on the side of rows
+/// \param length how many values each of them has
+using TurningKernel = void (*)(const MatteRows& from, const MatteRows& to, std::size_t rows, std::size_t length);
+
+struct Turning {
+    TurningKernel intoColumns;
+    TurningKernel intoRows;
+};
+
+using ColumnKernel = void (*)(const ColumnsToFilter& work);
+
+/// The kernel of a filter along columns.
+template <class Filter> struct FilteringColumns { ColumnKernel kernel; };
+
 /// The kernels at one level.
 template <class... Kernels> struct KernelTable : Kernels... {};
 
@@ -87,7 +121,7 @@ template <class... Kernels> struct KernelTable : Kernels... {};
 using RowKernels = KernelTable<
     // Fills
     Filling<StorePixel>, Filling<SetAlpha>, Filling<ScaleAlpha>, Filling<BlendBehind>, Filling<BlendBehindVisible>,
-    Filling<BlendBehindAndSetAlpha>, Filling<CrossLines>,
+    Filling<BlendBehindAndSetAlpha>, Filling<CrossLines>, Filling<OpaqueUnlessColor>,
     // Compositing
     Compositing<Blend>, Compositing<PreBlend>, Compositing<Intersect>, Compositing<Subtract>, Compositing<ExclusiveOr>,
     Compositing<IntersectNoColor>, Compositing<IntersectNoColor, TnMattePixel, TnImagePixel>,
@@ -97,6 +131,12 @@ using RowKernels = KernelTable<
     Copying<CopyAlpha, TnImagePixel, TnMattePixel>, Copying<CopyAlpha, TnMattePixel, TnImagePixel>,
     Copying<CopyLumaToAlpha>, Copying<CopyLumaToAlpha, TnImagePixel, TnMattePixel>,
     Copying<CopyAlphaToColor, TnMattePixel, TnImagePixel>,
+    // Searches
+    Searching<DiffersFrom, TnImagePixel>, Searching<DiffersFrom, TnMattePixel>,
+    Searching<ShowsMoreThanGrey, TnImagePixel>,
+    // Filters
+    Turning, FilteringColumns<TriangleMeans<false>>, FilteringColumns<TriangleMeans<true>>,
+    FilteringColumns<WindowExtremes<Maximum>>, FilteringColumns<WindowExtremes<Minimum>>,
     // Textures
     Copying<CopyColorClearAlpha>, Copying<PaintThroughAlpha>,
     // Transforms

@@ -1,6 +1,7 @@
 #include "TnGraphics/rows/LevelKernels.h"
 #include "TnGraphics/rows/lanes/BaselineSet.h"
-#include "TnGraphics/rows/lanes/MatteLanes.h"
+#include "TnGraphics/rows/lanes/MatteSquare.h"
+#include "TnGraphics/rows/lanes/MatteSums.h"
 #include "TnGraphics/rows/lanes/VectorSums.h"
 
 namespace tn::baseline {

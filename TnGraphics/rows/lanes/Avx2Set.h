@@ -68,6 +68,19 @@ template <class Level> struct Avx2Instructions {
         right = _mm256_unpackhi_epi64(lefts, others);
     }
 
+    // 16 bytes of a row and of another one at a distance.
+    static Register LoadRows(const void* from, std::size_t distance) {
+        const auto* const row = static_cast<const char*>(from);
+        const __m128i upper = _mm_loadu_si128(reinterpret_cast<const __m128i*>(row));
+        const __m128i lower = _mm_loadu_si128(reinterpret_cast<const __m128i*>(row + distance));
+        return _mm256_inserti128_si256(_mm256_castsi128_si256(upper), lower, 1);
+    }
+    static void StoreRows(void* to, std::size_t distance, Register a) {
+        auto* const row = static_cast<char*>(to);
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(row), _mm256_castsi256_si128(a));
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(row + distance), _mm256_extracti128_si256(a, 1));
+    }
+
     static Register And(Register a, Register b) { return _mm256_and_si256(a, b); }
     static Register Or(Register a, Register b) { return _mm256_or_si256(a, b); }
     static Register Xor(Register a, Register b) { return _mm256_xor_si256(a, b); }
@@ -85,6 +98,9 @@ template <class Level> struct Avx2Instructions {
     static Register MinBytes(Register a, Register b) { return _mm256_min_epu8(a, b); }
     static Register MaxBytes(Register a, Register b) { return _mm256_max_epu8(a, b); }
 
+    static Register Equal8(Register a, Register b) { return _mm256_cmpeq_epi8(a, b); }
+    static Register Select8(Register mask, Register a, Register b) { return _mm256_blendv_epi8(b, a, mask); }
+
     static Register Add32(Register a, Register b) { return _mm256_add_epi32(a, b); }
     static Register Subtract32(Register a, Register b) { return _mm256_sub_epi32(a, b); }
     static Register Multiply32(Register a, Register b) { return _mm256_mullo_epi32(a, b); }
@@ -99,6 +115,7 @@ template <class Level> struct Avx2Instructions {
     static Register Subtract16(Register a, Register b) { return _mm256_sub_epi16(a, b); }
     static Register Multiply16(Register a, Register b) { return _mm256_mullo_epi16(a, b); }
     static Register MultiplyHigh16(Register a, Register b) { return _mm256_mulhi_epu16(a, b); }
+    static Register ShiftRight16(Register a, int bits) { return _mm256_srl_epi16(a, _mm_cvtsi32_si128(bits)); }
     static Register AddSaturated16(Register a, Register b) { return _mm256_adds_epi16(a, b); }
     static Register Signs16(Register a) { return _mm256_srai_epi16(a, 15); }
     static Register OneMoreUnlessLess16(Register count, Register a, Register b) {
@@ -109,6 +126,12 @@ template <class Level> struct Avx2Instructions {
 
     static Register Quotients32(Register a, Register b) {
         return _mm256_cvttps_epi32(_mm256_div_ps(_mm256_cvtepi32_ps(a), _mm256_cvtepi32_ps(b)));
+    }
+
+    /// (a + 1/2) x factor, truncated, for numbers below 2^23.
+    static Register RoundedDown32(Register a, float factor) {
+        const auto middle = _mm256_add_ps(_mm256_cvtepi32_ps(a), _mm256_set1_ps(0.5F));
+        return _mm256_cvttps_epi32(_mm256_mul_ps(middle, _mm256_set1_ps(factor)));
     }
 
     static Register WidenLow(Register a) { return _mm256_unpacklo_epi8(a, _mm256_setzero_si256()); }

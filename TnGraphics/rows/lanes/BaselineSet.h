@@ -80,6 +80,10 @@ struct InstructionSet {
         right = _mm_unpackhi_epi64(first, second);
     }
 
+    // 16 bytes of one row; longer registers hold those of another row too.
+    static Register LoadRows(const void* from, std::size_t) { return Load(from); }
+    static void StoreRows(void* to, std::size_t, Register a) { Store(to, a); }
+
     static Register And(Register a, Register b) { return _mm_and_si128(a, b); }
     static Register Or(Register a, Register b) { return _mm_or_si128(a, b); }
     static Register Xor(Register a, Register b) { return _mm_xor_si128(a, b); }
@@ -98,6 +102,9 @@ struct InstructionSet {
 
     static Register MinBytes(Register a, Register b) { return _mm_min_epu8(a, b); }
     static Register MaxBytes(Register a, Register b) { return _mm_max_epu8(a, b); }
+
+    static Register Equal8(Register a, Register b) { return _mm_cmpeq_epi8(a, b); }
+    static Register Select8(Register mask, Register a, Register b) { return Select32(mask, a, b); }
 
     static Register Add32(Register a, Register b) { return _mm_add_epi32(a, b); }
     static Register Subtract32(Register a, Register b) { return _mm_sub_epi32(a, b); }
@@ -118,6 +125,7 @@ struct InstructionSet {
     static Register Subtract16(Register a, Register b) { return _mm_sub_epi16(a, b); }
     static Register Multiply16(Register a, Register b) { return _mm_mullo_epi16(a, b); }
     static Register MultiplyHigh16(Register a, Register b) { return _mm_mulhi_epu16(a, b); }
+    static Register ShiftRight16(Register a, int bits) { return _mm_srl_epi16(a, _mm_cvtsi32_si128(bits)); }
     static Register AddSaturated16(Register a, Register b) { return _mm_adds_epi16(a, b); }
     static Register Signs16(Register a) { return _mm_srai_epi16(a, 15); }
     static Register OneMoreUnlessLess16(Register count, Register a, Register b) {
@@ -133,6 +141,12 @@ struct InstructionSet {
 
     static Register Quotients32(Register a, Register b) {
         return _mm_cvttps_epi32(_mm_div_ps(_mm_cvtepi32_ps(a), _mm_cvtepi32_ps(b)));
+    }
+
+    /// (a + 1/2) x factor, truncated, for numbers below 2^23.
+    static Register RoundedDown32(Register a, float factor) {
+        const auto middle = _mm_add_ps(_mm_cvtepi32_ps(a), _mm_set1_ps(0.5F));
+        return _mm_cvttps_epi32(_mm_mul_ps(middle, _mm_set1_ps(factor)));
     }
 
     static Register WidenLow(Register a) { return _mm_unpacklo_epi8(a, _mm_setzero_si128()); }

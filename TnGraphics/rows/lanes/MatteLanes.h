@@ -15,6 +15,9 @@ template <class Set> struct MatteLanes {
     using Channels = ChannelLanes<Set>;
     using Mattes = MatteLanes;
     using Narrower = void;
+    struct ShortSums;
+    struct LongSums;
+    struct Square;
     static constexpr std::size_t kCount = sizeof(typename Set::Register);
 
     struct Opacity {
@@ -24,6 +27,9 @@ template <class Set> struct MatteLanes {
     };
 
     typename Set::Register bytes;
+
+    /// The value whose word this is, in every pixel.
+    static MatteLanes All(std::uint32_t word) { return {Set::All32((word >> 24) * 0x01010101U)}; }
 
     static MatteLanes Load(const TnMattePixel* from) { return {Set::Load(from)}; }
     void Store(TnMattePixel* to) const { Set::Store(to, bytes); }
@@ -40,11 +46,21 @@ template <class Set> struct MatteLanes {
     }
 
     MatteLanes WithAlphaOf(MatteLanes other) const { return other; }
+    bool HasBits() const { return Set::HasBits(bytes); }
+    friend MatteLanes operator&(MatteLanes a, MatteLanes b) { return {Set::And(a.bytes, b.bytes)}; }
+    friend MatteLanes operator^(MatteLanes a, MatteLanes b) { return {Set::Xor(a.bytes, b.bytes)}; }
     friend MatteLanes MinBytes(MatteLanes a, MatteLanes b) { return {Set::MinBytes(a.bytes, b.bytes)}; }
+    friend MatteLanes MaxBytes(MatteLanes a, MatteLanes b) { return {Set::MaxBytes(a.bytes, b.bytes)}; }
+
+    /// The value where a and b have the same one, elsewhere that of c.
+    friend MatteLanes SameOr(MatteLanes a, MatteLanes b, MatteLanes c) {
+        return {Set::Select8(Set::Equal8(a.bytes, b.bytes), a.bytes, c.bytes)};
+    }
+
+    Channels Widened() const { return {Set::WidenLow(bytes), Set::WidenHigh(bytes)}; }
+    static MatteLanes Narrowed(Channels channels) { return {Set::Narrow(channels.low, channels.high)}; }
     friend MatteLanes Faded(MatteLanes pixels, Opacity opacity) {
-        const Channels values = {Set::WidenLow(pixels.bytes), Set::WidenHigh(pixels.bytes)};
-        const Channels quotients = DividedBy255(values * Channels::All16(opacity.value));
-        return {Set::Narrow(quotients.low, quotients.high)};
+        return Narrowed(DividedBy255(pixels.Widened() * Channels::All16(opacity.value)));
     }
 };
 

@@ -85,6 +85,9 @@ struct Pixels {
     using Channels = portable::Channels;
     struct Sums;
     struct BoxSums;
+    struct ShortSums;
+    struct Square;
+    using LongSums = ShortSums;
     using Mattes = Pixels; ///< Lanes for rows of matte pixels alone.
     using Narrower = void; ///< Lanes for the rest of a row, where there is no way to load and store a part of these.
     static constexpr std::size_t kCount = 1;
@@ -192,6 +195,7 @@ private:
 
 constexpr Pixels operator&(Pixels a, Pixels b) { return {a.word & b.word}; }
 constexpr Pixels operator|(Pixels a, Pixels b) { return {a.word | b.word}; }
+constexpr Pixels operator^(Pixels a, Pixels b) { return {a.word ^ b.word}; }
 constexpr Pixels operator+(Pixels a, Pixels b) { return {a.word + b.word}; }
 constexpr Pixels operator-(Pixels a, Pixels b) { return {a.word - b.word}; }
 constexpr Pixels operator*(Pixels a, Pixels b) { return {a.word * b.word}; }
@@ -202,6 +206,9 @@ constexpr PixelMask Less(Pixels a, Pixels b) {
     return {static_cast<std::int32_t>(a.word) < static_cast<std::int32_t>(b.word)};
 } ///< With a sign.
 constexpr Pixels Select(PixelMask mask, Pixels a, Pixels b) { return mask.mask ? a : b; }
+
+/// The value where a and b have the same one, elsewhere that of c.
+constexpr Pixels SameOr(Pixels a, Pixels b, Pixels c) { return Select(a == b, a, c); }
 
 template <class Function> constexpr Pixels ForEachByte(Pixels a, Pixels b, const Function& function) {
     const Channels x = a.Widened();
@@ -276,6 +283,38 @@ struct Pixels::BoxSums {
         }
         return mean;
     }
+};
+
+/// Sums of a matte's values times weights that form a triangle, on their way along a line; see rows/ColumnFilters.h.
+struct Pixels::ShortSums {
+    using Divisor = std::uint32_t;
+
+    std::uint32_t slope = 0;
+    std::uint32_t sum = 0;
+
+    constexpr void Move(Pixels entering, Pixels middle, Pixels leaving) {
+        slope += AlphaOf(entering) + AlphaOf(leaving) - 2 * AlphaOf(middle);
+        sum += slope;
+    }
+
+    constexpr Pixels Means(Divisor divisor) const { return {sum / divisor << 24}; }
+
+private:
+    static constexpr std::uint32_t AlphaOf(Pixels pixel) { return pixel.word >> 24; }
+};
+
+/// A matte's value, a row and a column by itself.
+struct Pixels::Square {
+    static constexpr std::size_t kSide = 1;
+    static constexpr std::size_t kRows = 1;
+
+    Pixels value;
+
+    static Square OfRows(const TnMattePixel* from, std::size_t) { return {Load(from)}; }
+    static Square OfColumns(const TnMattePixel* from, std::size_t) { return {Load(from)}; }
+    void StoreRows(TnMattePixel* to, std::size_t) const { value.Store(to); }
+    void StoreColumns(TnMattePixel* to, std::size_t) const { value.Store(to); }
+    void Turn() {}
 };
 
 } // namespace tn::portable

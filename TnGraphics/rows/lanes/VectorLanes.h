@@ -147,6 +147,7 @@ template <class Set> struct PixelLanes {
 
     friend PixelLanes operator&(PixelLanes a, PixelLanes b) { return {Set::And(a.words, b.words)}; }
     friend PixelLanes operator|(PixelLanes a, PixelLanes b) { return {Set::Or(a.words, b.words)}; }
+    friend PixelLanes operator^(PixelLanes a, PixelLanes b) { return {Set::Xor(a.words, b.words)}; }
     friend PixelLanes operator+(PixelLanes a, PixelLanes b) { return {Set::Add32(a.words, b.words)}; }
     friend PixelLanes operator-(PixelLanes a, PixelLanes b) { return {Set::Subtract32(a.words, b.words)}; }
     friend PixelLanes operator*(PixelLanes a, PixelLanes b) { return {Set::Multiply32(a.words, b.words)}; }
