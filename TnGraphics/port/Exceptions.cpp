@@ -8,7 +8,7 @@ namespace {
 constexpr const char* kBadAllocationText = "bad allocation";
 
 // The text of a plain std::bad_alloc differs from platform to platform; hosts show it.
-class NoStorage : public std::bad_alloc {
+class BadAllocation : public std::bad_alloc {
 public:
     const char* what() const noexcept override { return kBadAllocationText; }
 };
@@ -17,7 +17,7 @@ public:
 
 void RaiseBitmapExhausted() { throw bad_alloc_bitmap(); }
 
-void RaiseNoStorage() { throw NoStorage(); }
+void RaiseBadAllocation() { throw BadAllocation(); }
 
 } // namespace tn
 

@@ -6,7 +6,7 @@ namespace tn {
 
 void* LockStorage(TnBitMapHelper* storage) {
     if (storage == nullptr) {
-        RaiseNoStorage();
+        RaiseBadAllocation();
     }
     storage->Lock();
     try {

@@ -1,4 +1,4 @@
-// Private: the doors through which exceptions leave the surfaces, one function for each kind.
+// Private: the doors through which exceptions of exhausted memory leave the library, one function for each kind.
 #pragma once
 
 namespace tn {
@@ -6,7 +6,7 @@ namespace tn {
 /// There is no memory for pixels: bad_alloc_bitmap.
 [[noreturn]] void RaiseBitmapExhausted();
 
-/// A surface without storage is locked or given a content rectangle: std::bad_alloc, "bad allocation".
-[[noreturn]] void RaiseNoStorage();
+/// Anything else is lacking, such as a surface's storage where it is needed: std::bad_alloc, "bad allocation".
+[[noreturn]] void RaiseBadAllocation();
 
 } // namespace tn

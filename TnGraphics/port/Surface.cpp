@@ -103,7 +103,7 @@ template <class SurfaceType> void Surface<SurfaceType>::RemoveClient() const {
 
 template <class SurfaceType> void Surface<SurfaceType>::Content(const TnRect& content) {
     if (storage_ == nullptr) {
-        RaiseNoStorage();
+        RaiseBadAllocation();
     }
     content_ = Intersection(content, Whole(size_));
     contentMoved_ = true;

@@ -19,7 +19,7 @@ TEST(Exceptions, ExhaustedBitmapIsCaughtAsTheStandardException) {
 
 TEST(Exceptions, MissingStorageIsNoExhaustedBitmap) {
     try {
-        RaiseNoStorage();
+        RaiseBadAllocation();
     } catch (const bad_alloc_bitmap&) {
         FAIL();
     } catch (const std::bad_alloc& exception) {
