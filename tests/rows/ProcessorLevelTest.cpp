@@ -34,8 +34,19 @@ template <class Kernels> bool AreDistinct(const Kernels& a, const Kernels& b) {
     }
 }
 
+template <class Predicate, class Pixel>
+bool AreDistinct(const Searching<Predicate, Pixel>& a, const Searching<Predicate, Pixel>& b) {
+    return a.first != b.first && a.last != b.last && a.row != b.row;
+}
+
+bool AreDistinct(const Turning& a, const Turning& b) {
+    return a.intoColumns != b.intoColumns && a.intoRows != b.intoRows;
+}
+
 template <class Kernels> bool AreDistinctAt(ProcessorLevel level, ProcessorLevel other) {
-    return AreDistinct<Kernels>(TableOf(level), TableOf(other));
+    const Kernels& kernels = TableOf(level);
+    const Kernels& others = TableOf(other);
+    return AreDistinct(kernels, others);
 }
 
 template <class... Kernels> void ExpectKernelsOfTheirOwn(const KernelTable<Kernels...>&) {
