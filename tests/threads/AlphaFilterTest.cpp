@@ -1,6 +1,6 @@
 // The filter of alphas on distinct surfaces in several threads at once.
 
-#include "tests/ops/AlphaFilterPictures.h"
+#include "tests/ops/alpha/AlphaFilterPictures.h"
 #include "tests/support/PixelDiff.h"
 #include "tests/support/Threads.h"
 
