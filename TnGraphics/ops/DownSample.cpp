@@ -2,6 +2,7 @@
 
 #include "TnGraphics/port/CalcIterBnds.h"
 #include "TnGraphics/port/ClientLock.h"
+#include "TnGraphics/rows/CellCoverage.h"
 #include "TnGraphics/rows/RowKernels.h"
 #include "TnGraphics/rows/RowWalk.h"
 
@@ -9,49 +10,19 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 
 namespace {
 
-constexpr std::int32_t kCellSide = 4;
-
-// Cells with fewer than four pixels set count as empty.
-constexpr std::array<std::uint8_t, 17> kCoverage = {0,   0,   0,   0,   64,  78,  96,  112, 128,
-                                                    143, 159, 175, 191, 207, 223, 239, 255};
-
-// Cells are counted in words of eight mask bytes, two cells in each byte. The left one has the upper four bits.
-constexpr std::size_t kBytesAtOnce = sizeof(std::uint64_t);
-constexpr std::size_t kCellsAtOnce = 2 * kBytesAtOnce;
-
-constexpr std::uint64_t InEachByte(std::uint64_t byte) { return byte * 0x0101010101010101; }
-
-// The number of set bits in each four bits.
-std::uint64_t BitsInNibbles(std::uint64_t bits) {
-    const std::uint64_t pairs = bits - ((bits >> 1) & InEachByte(0x55));
-    return (pairs & InEachByte(0x33)) + ((pairs >> 2) & InEachByte(0x33));
-}
-
-// The coverage of up to kCellsAtOnce cells, from the first one in the mask byte on.
-void CoverCells(const std::uint8_t* mask, std::uint32_t rowBytes, std::size_t bytes, TnMattePixel* coverage) {
-    std::uint64_t left = 0;
-    std::uint64_t right = 0;
-    for (std::int32_t row = 0; row < kCellSide; ++row) {
-        std::uint64_t bits = 0;
-        std::memcpy(&bits, mask + static_cast<std::size_t>(row) * rowBytes, bytes);
-        const std::uint64_t counts = BitsInNibbles(bits);
-        left += (counts >> 4) & InEachByte(0x0F);
-        right += counts & InEachByte(0x0F);
-    }
-    for (std::size_t byte = 0; byte < bytes; ++byte) {
-        coverage[2 * byte] = kCoverage[left >> (8 * byte) & 0xFF];
-        coverage[2 * byte + 1] = kCoverage[right >> (8 * byte) & 0xFF];
-    }
-}
+constexpr std::int32_t kCellSide = tn::kRowsOfCell;
 
 /// Calls store with stretches of coverage for a row: where they begin in it, their values and how many there are.
+///
+/// Bytes of the mask have two cells, so the first cell of a stretch may be one that is not asked for.
 template <class Store>
 void CoverRow(const TnMask& mask, std::int32_t firstCell, std::int32_t cellRow, std::size_t length,
               const Store& store) {
+    constexpr std::size_t kCellsAtOnce = 512;
+    const auto cover = tn::ActiveKernels<tn::CoveringCells>().kernel;
     const std::uint8_t* const row =
         mask.PixelAddress() + static_cast<std::size_t>(cellRow) * kCellSide * mask.RowBytes();
     std::size_t skipped = static_cast<std::size_t>(firstCell) % 2;
@@ -60,7 +31,7 @@ void CoverRow(const TnMask& mask, std::int32_t firstCell, std::int32_t cellRow, 
         const std::size_t cells = std::min(length - done + skipped, kCellsAtOnce);
         const std::size_t bytes = (cells + 1) / 2;
         std::array<TnMattePixel, kCellsAtOnce> coverage;
-        CoverCells(row + byte, mask.RowBytes(), bytes, coverage.data());
+        cover(row + byte, mask.RowBytes(), coverage.data(), bytes);
         store(done, coverage.data() + skipped, cells - skipped);
         done += cells - skipped;
         byte += bytes;

@@ -26,11 +26,17 @@ struct CopyColorClearAlpha {
 
 /// (d x (255 - da) + s x da) / 255 for each colour channel; the alpha stays.
 struct PaintThroughAlpha {
+    using Easy = WhereDestinationAlphasAreHard<128>;
+
     template <class Pixels> Pixels operator()(Pixels s, Pixels d) const {
         using Channels = typename Pixels::Channels;
         const Channels alphas = d.Alphas();
         const Channels sum = d.Widened() * (Channels::All16(255) - alphas) + s.Widened() * alphas;
         return Pixels::Narrowed(DividedBy255(sum)).WithAlphaOf(d);
+    }
+
+    template <class Pixels> Pixels Easily(Pixels s, Pixels d) const {
+        return Select(Transparent(d), d, s.WithAlphaOf(d));
     }
 };
 

@@ -1,6 +1,7 @@
 // Private: the kernels, and the table of them at one level. Included by the level sources alone.
 #pragma once
 
+#include "TnGraphics/rows/CellCoverage.h"
 #include "TnGraphics/rows/RowKernels.h"
 #include "TnGraphics/rows/RowLoop.h"
 #include "TnGraphics/rows/Turning.h"
@@ -79,13 +80,24 @@ template <class Pixel, class Pixels> std::size_t LastWithBits(Pixels found, std:
     return count;
 }
 
+/// True when the predicate seeks any pixel of four lanes.
+template <class Pixels, class Predicate, class Pixel>
+TN_ALWAYS_INLINE bool FourHaveBits(const Pixel* row, const Predicate& isSought) {
+    const auto lane = [&](std::size_t n) { return isSought(Pixels::Load(row + n * Pixels::kCount)); };
+    return ((lane(0) | lane(1)) | (lane(2) | lane(3))).HasBits();
+}
+
 template <class Pixels, class Predicate, class Pixel>
 std::size_t FindFirst(const Pixel* row, std::size_t length, const Predicate& predicate) {
     using Narrower = typename Pixels::Narrower;
     const Predicate isSought = predicate;
     const std::size_t rest = length % Pixels::kCount;
     const std::size_t end = length - rest;
-    for (std::size_t column = 0; column < end; column += Pixels::kCount) {
+    std::size_t column = 0;
+    while (column + 4 * Pixels::kCount <= end && !FourHaveBits<Pixels>(row + column, isSought)) {
+        column += 4 * Pixels::kCount;
+    }
+    for (; column < end; column += Pixels::kCount) {
         const Pixels found = isSought(Pixels::Load(row + column));
         if (found.HasBits()) {
             return column + FirstWithBits<Pixel>(found, Pixels::kCount);
@@ -101,14 +113,37 @@ std::size_t FindFirst(const Pixel* row, std::size_t length, const Predicate& pre
     }
 }
 
+/// True when the predicate seeks any pixel of a row; its last lane may overlap the one before it.
+template <class Pixels, class Predicate, class Pixel>
+TN_ALWAYS_INLINE bool HasAny(const Pixel* row, std::size_t length, const Predicate& isSought) {
+    if (length < Pixels::kCount) {
+        return FindFirst<Pixels>(row, length, isSought) < length;
+    }
+    for (std::size_t column = 0; column + Pixels::kCount < length; column += Pixels::kCount) {
+        if (isSought(Pixels::Load(row + column)).HasBits()) {
+            return true;
+        }
+    }
+    return isSought(Pixels::Load(row + length - Pixels::kCount)).HasBits();
+}
+
 template <class Pixels, class Predicate, class Pixel>
 std::size_t FindRow(const Pixel* first, std::size_t rowBytes, std::size_t rows, std::size_t length,
-                    const Predicate& isSought) {
+                    const Predicate& predicate) {
+    if constexpr (!std::is_void_v<typename Pixels::Narrower>) {
+        if (length < Pixels::kCount) {
+            return FindRow<typename Pixels::Narrower>(first, rowBytes, rows, length, predicate);
+        }
+    }
+    constexpr std::size_t kRowsAhead = 16; // rows are too far apart for the processor to see them coming
+    const Predicate isSought = predicate;
     const auto start = reinterpret_cast<std::uintptr_t>(first);
     std::size_t row = 0;
-    while (row < rows &&
-           FindFirst<Pixels>(reinterpret_cast<const Pixel*>(start + row * rowBytes), length, isSought) == length) {
-        ++row;
+    for (; row < rows; ++row) {
+        PrefetchRead(start + (row + kRowsAhead) * rowBytes);
+        if (HasAny<Pixels>(reinterpret_cast<const Pixel*>(start + row * rowBytes), length, isSought)) {
+            break;
+        }
     }
     return row;
 }
@@ -225,6 +260,10 @@ template <class Pixels, class Filter> struct KernelsOver<Pixels, FilteringColumn
     using Lanes = typename LanesForColumns<Pixels>::Type;
 
     static constexpr FilteringColumns<Filter> kKernels = {&FilterColumns<Lanes, Filter>};
+};
+
+template <class Pixels> struct KernelsOver<Pixels, CoveringCells> {
+    static constexpr CoveringCells kKernels = {&CoverCells<Pixels>};
 };
 
 template <class Pixels, class Quotient> struct KernelsOver<Pixels, Projecting<Quotient>> {

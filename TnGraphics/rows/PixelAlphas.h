@@ -23,6 +23,16 @@ template <std::size_t pixelsBetweenLooks> struct WhereAlphasAreHard {
     static constexpr std::size_t kPixelsBetweenLooks = pixelsBetweenLooks;
 
     template <class Pixels> static bool Holds(Pixels pixels) { return HasHardAlphas(pixels); }
+
+    /// Of a source on its way into a destination.
+    template <class Pixels> static bool Holds(Pixels s, Pixels) { return HasHardAlphas(s); }
+};
+
+/// The same for an operator whose choice is the destination's.
+template <std::size_t pixelsBetweenLooks> struct WhereDestinationAlphasAreHard {
+    static constexpr std::size_t kPixelsBetweenLooks = pixelsBetweenLooks;
+
+    template <class Pixels> static bool Holds(Pixels, Pixels d) { return HasHardAlphas(d); }
 };
 
 /// The alphas as numbers, and back: an alpha over no colour.

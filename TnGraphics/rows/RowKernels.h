@@ -114,6 +114,13 @@ using ColumnKernel = void (*)(const ColumnsToFilter& work);
 /// The kernel of a filter along columns.
 template <class Filter> struct FilteringColumns { ColumnKernel kernel; };
 
+/// Writes the coverage of the cells in bytes of a mask, two for each byte, by the four rows of bytes from there on.
+using CellKernel = void (*)(const std::uint8_t* mask, std::size_t rowBytes, TnMattePixel* coverage, std::size_t bytes);
+
+struct CoveringCells {
+    CellKernel kernel;
+};
+
 /// The kernels at one level.
 template <class... Kernels> struct KernelTable : Kernels... {};
 
@@ -137,8 +144,8 @@ using RowKernels = KernelTable<
     // Filters
     Turning, FilteringColumns<TriangleMeans<false>>, FilteringColumns<TriangleMeans<true>>,
     FilteringColumns<WindowExtremes<Maximum>>, FilteringColumns<WindowExtremes<Minimum>>,
-    // Textures
-    Copying<CopyColorClearAlpha>, Copying<PaintThroughAlpha>,
+    // Textures and down-sampling
+    CoveringCells, Copying<CopyColorClearAlpha>, Copying<PaintThroughAlpha>,
     // Transforms
     Projecting<RoundedQuotient>, Projecting<TruncatedQuotient>, Fetching, Interpolating, PlacingBoxes,
     Averaging<TnImagePixel>, Averaging<TnMattePixel>>;

@@ -107,10 +107,11 @@ struct CompositedRow {
     }
     bool DoIfEasy(std::size_t column) const {
         const Pixels s = prepare(Pixels::Load(source + column));
-        if (!Operator::Easy::Holds(s)) {
+        const Pixels d = Pixels::Load(destination + column);
+        if (!Operator::Easy::Holds(s, d)) {
             return false;
         }
-        op.Easily(s, Pixels::Load(destination + column)).Store(destination + column);
+        op.Easily(s, d).Store(destination + column);
         return true;
     }
 

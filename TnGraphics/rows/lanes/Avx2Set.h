@@ -11,6 +11,7 @@ namespace tn {
 template <class Level> struct Avx2Instructions {
     using Register = __m256i;
     using Mask32 = __m256i;
+    using Floats = __m256;
 
     static Register All16(std::uint16_t value) { return _mm256_set1_epi16(static_cast<short>(value)); }
     static Register All32(std::uint32_t value) { return _mm256_set1_epi32(static_cast<int>(value)); }
@@ -128,11 +129,11 @@ template <class Level> struct Avx2Instructions {
         return _mm256_cvttps_epi32(_mm256_div_ps(_mm256_cvtepi32_ps(a), _mm256_cvtepi32_ps(b)));
     }
 
-    /// (a + 1/2) x factor, truncated, for numbers below 2^23.
-    static Register RoundedDown32(Register a, float factor) {
-        const auto middle = _mm256_add_ps(_mm256_cvtepi32_ps(a), _mm256_set1_ps(0.5F));
-        return _mm256_cvttps_epi32(_mm256_mul_ps(middle, _mm256_set1_ps(factor)));
-    }
+    static Floats AllFloats(float value) { return _mm256_set1_ps(value); }
+    static Floats FloatsOf(Register a) { return _mm256_cvtepi32_ps(a); }
+    static Floats AddFloats(Floats a, Floats b) { return _mm256_add_ps(a, b); }
+    static Floats MultiplyFloats(Floats a, Floats b) { return _mm256_mul_ps(a, b); }
+    static Register Truncated(Floats a) { return _mm256_cvttps_epi32(a); }
 
     static Register WidenLow(Register a) { return _mm256_unpacklo_epi8(a, _mm256_setzero_si256()); }
     static Register WidenHigh(Register a) { return _mm256_unpackhi_epi8(a, _mm256_setzero_si256()); }

@@ -11,6 +11,7 @@ namespace tn::baseline {
 struct InstructionSet {
     using Register = __m128i;
     using Mask32 = __m128i;
+    using Floats = __m128;
 
     static Register All16(std::uint16_t value) { return _mm_set1_epi16(static_cast<short>(value)); }
     static Register All32(std::uint32_t value) { return _mm_set1_epi32(static_cast<int>(value)); }
@@ -143,11 +144,11 @@ struct InstructionSet {
         return _mm_cvttps_epi32(_mm_div_ps(_mm_cvtepi32_ps(a), _mm_cvtepi32_ps(b)));
     }
 
-    /// (a + 1/2) x factor, truncated, for numbers below 2^23.
-    static Register RoundedDown32(Register a, float factor) {
-        const auto middle = _mm_add_ps(_mm_cvtepi32_ps(a), _mm_set1_ps(0.5F));
-        return _mm_cvttps_epi32(_mm_mul_ps(middle, _mm_set1_ps(factor)));
-    }
+    static Floats AllFloats(float value) { return _mm_set1_ps(value); }
+    static Floats FloatsOf(Register a) { return _mm_cvtepi32_ps(a); }
+    static Floats AddFloats(Floats a, Floats b) { return _mm_add_ps(a, b); }
+    static Floats MultiplyFloats(Floats a, Floats b) { return _mm_mul_ps(a, b); }
+    static Register Truncated(Floats a) { return _mm_cvttps_epi32(a); }
 
     static Register WidenLow(Register a) { return _mm_unpacklo_epi8(a, _mm_setzero_si128()); }
     static Register WidenHigh(Register a) { return _mm_unpackhi_epi8(a, _mm_setzero_si128()); }

@@ -48,6 +48,7 @@ template <class Set> struct MatteLanes {
     MatteLanes WithAlphaOf(MatteLanes other) const { return other; }
     bool HasBits() const { return Set::HasBits(bytes); }
     friend MatteLanes operator&(MatteLanes a, MatteLanes b) { return {Set::And(a.bytes, b.bytes)}; }
+    friend MatteLanes operator|(MatteLanes a, MatteLanes b) { return {Set::Or(a.bytes, b.bytes)}; }
     friend MatteLanes operator^(MatteLanes a, MatteLanes b) { return {Set::Xor(a.bytes, b.bytes)}; }
     friend MatteLanes MinBytes(MatteLanes a, MatteLanes b) { return {Set::MinBytes(a.bytes, b.bytes)}; }
     friend MatteLanes MaxBytes(MatteLanes a, MatteLanes b) { return {Set::MaxBytes(a.bytes, b.bytes)}; }

@@ -54,34 +54,47 @@ template <class Set> struct MatteLanes<Set>::ShortSums {
 };
 
 /// Sums that stay below 2^23: of weights of at most 127 each, 127 x 127 in all.
+///
+/// They are kept as floats, which hold them exactly, with 1/2 added and everything times 65536: that is what a slope is
+/// in the upper half of a word.
 template <class Set> struct MatteLanes<Set>::LongSums {
-    using Register = typename Set::Register;
+    using Floats = typename Set::Floats;
 
     /// The rounded reciprocal. A float keeps (x + 1/2) / divisor within the half divisor that lies between it and the
     /// next whole number, since 256 x 2^-23 is less than 1/2 / (127 x 127).
     struct Divisor {
         float reciprocal;
 
-        explicit Divisor(std::uint32_t divisor) : reciprocal(1.0F / static_cast<float>(divisor)) {}
+        explicit Divisor(std::uint32_t divisor) : reciprocal(1.0F / 65536.0F / static_cast<float>(divisor)) {}
     };
 
     Channels slopes = Channels::All16(0); // signed
-    Register quarters[4] = {Set::All32(0), Set::All32(0), Set::All32(0), Set::All32(0)};
+    Floats evens[2] = {Half(), Half()};   // of the columns of which a word has the slope in its lower half
+    Floats odds[2] = {Half(), Half()};
 
     void Move(MatteLanes entering, MatteLanes middle, MatteLanes leaving) {
         const Channels once = middle.Widened();
         slopes = slopes + (entering.Widened() - once) + (leaving.Widened() - once);
-        const Register lowSigns = Set::Signs16(slopes.low);
-        const Register highSigns = Set::Signs16(slopes.high);
-        quarters[0] = Set::Add32(quarters[0], Set::InterleaveLow16(slopes.low, lowSigns));
-        quarters[1] = Set::Add32(quarters[1], Set::InterleaveHigh16(slopes.low, lowSigns));
-        quarters[2] = Set::Add32(quarters[2], Set::InterleaveLow16(slopes.high, highSigns));
-        quarters[3] = Set::Add32(quarters[3], Set::InterleaveHigh16(slopes.high, highSigns));
+        Add(0, slopes.low);
+        Add(1, slopes.high);
     }
 
     MatteLanes Means(const Divisor& divisor) const {
-        const auto means = [&](int quarter) { return Set::RoundedDown32(quarters[quarter], divisor.reciprocal); };
-        return Narrowed({Set::Narrow32(means(0), means(1)), Set::Narrow32(means(2), means(3))});
+        const Floats reciprocal = Set::AllFloats(divisor.reciprocal);
+        const auto means = [&](int half) {
+            const auto even = Set::Truncated(Set::MultiplyFloats(evens[half], reciprocal));
+            const auto odd = Set::Truncated(Set::MultiplyFloats(odds[half], reciprocal));
+            return Set::Or(even, Set::template ShiftLeft32<16>(odd));
+        };
+        return Narrowed({means(0), means(1)});
+    }
+
+private:
+    static Floats Half() { return Set::AllFloats(0.5F * 65536.0F); }
+
+    void Add(int half, typename Set::Register slope) {
+        evens[half] = Set::AddFloats(evens[half], Set::FloatsOf(Set::template ShiftLeft32<16>(slope)));
+        odds[half] = Set::AddFloats(odds[half], Set::FloatsOf(Set::And(slope, Set::All32(0xFFFF0000))));
     }
 };
 
