@@ -1,0 +1,35 @@
+#include "TnEngines/vec/Engine.h"
+
+#include "TnEngines/abi/vec.h"
+
+namespace tn::vec {
+namespace {
+
+constexpr uint32_t kVersion = 0x41A11;
+
+struct State {
+    KelGetAddressProc getAddress = nullptr;
+    bool isStarted = false;
+};
+constinit State theState;
+
+} // namespace
+
+bool IsStarted() { return theState.isStarted; }
+
+KelGetAddressProc RuntimeProcedures() { return theState.getAddress; }
+
+} // namespace tn::vec
+
+// A start that fails leaves things as they were.
+uint32_t VecStartup(KelGetAddressProc getAddress, uint32_t, uint32_t, uint32_t) {
+    if (getAddress == nullptr) {
+        return 0;
+    }
+    tn::vec::theState = {getAddress, true};
+    return 1;
+}
+
+void VecShutdown() { tn::vec::theState.isStarted = false; }
+
+uint32_t VecVersion() { return tn::vec::kVersion; }

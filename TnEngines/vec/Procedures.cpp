@@ -1,0 +1,6 @@
+#include "TnEngines/abi/engine_tables.h"
+
+const EngineProcedure* VecProcedures(size_t* count) {
+    *count = 0;
+    return nullptr;
+}
