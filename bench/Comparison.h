@@ -21,7 +21,7 @@ struct Comparison {
     std::string name;
     double items; ///< Pixels, or 1, by which times are divided.
     Work ours;
-    std::vector<Rival> rivals;
+    std::vector<Rival> rivals; ///< None for a work that is shown alone.
 };
 
 /// Comparisons that stand in one table.
@@ -36,5 +36,9 @@ Section CopyComparisons();
 Section BlendComparisons();
 Section OperatorComparisons();
 Section TransformComparisons();
+Section AlphaFilterComparisons();
+Section ContentAreaComparisons();
+Section DownSampleComparisons();
+Section TextureComparisons();
 
 } // namespace tn::bench

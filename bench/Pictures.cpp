@@ -33,6 +33,23 @@ double Distance(const TnPoint& at, const TnPoint& size) {
     return std::hypot(2.0 * at.x / size.x - 1.0, 2.0 * at.y / size.y - 1.0);
 }
 
+/// A number without visible relation to the next one.
+std::uint32_t Scattered(std::uint32_t number) {
+    number = (number ^ number >> 16) * 0x45D9F3BU;
+    number = (number ^ number >> 16) * 0x45D9F3BU;
+    return number ^ number >> 16;
+}
+
+/// Four pixels of a cell as four bits.
+std::uint32_t RowOfCell(const TnPoint& cell, int row) {
+    const std::uint32_t kind = Scattered(static_cast<std::uint32_t>(cell.y * 65536 + cell.x));
+    if ((kind & 1U) == 0) {
+        return (kind & 2U) == 0 ? 0 : 15;
+    }
+    // The first two rows see to it that the cell is neither empty nor full.
+    return row == 0 ? 6 : row == 1 ? 9 : Scattered(kind + static_cast<std::uint32_t>(row)) % 16;
+}
+
 std::uint32_t Premultiplied(TnImagePixel pixel) {
     const std::uint32_t alpha = pixel.Alpha();
     const auto times = [alpha](std::uint32_t channel) { return (channel * alpha + 127) / 255; };
@@ -81,6 +98,20 @@ std::shared_ptr<TnMatte> MakeMatte(const TnPoint& size, Picture picture) {
         at->Value(AlphaAt(picture, Distance(at.Position(), size)));
     }
     return matte;
+}
+
+std::shared_ptr<TnMask> MakeMask(const TnPoint& size) {
+    auto mask = std::make_shared<TnMask>(size, true);
+    mask->AddClient();
+    for (int y = 0; y < size.y; ++y) {
+        std::uint8_t* const row = mask->PixelAddress() + std::size_t{mask->RowBytes()} * std::size_t(y);
+        for (int cell = 0; cell < size.x / kCellSide; ++cell) {
+            const std::uint32_t pixels = RowOfCell({cell, y / kCellSide}, y % kCellSide);
+            row[cell / 2] |= static_cast<std::uint8_t>(cell % 2 == 0 ? pixels << 4 : pixels);
+        }
+    }
+    mask->RemoveClient();
+    return mask;
 }
 
 Rows StraightRows(const TnImage& image) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "TnGraphics/port/TnImage.h"
+#include "TnGraphics/port/TnMask.h"
 #include "TnGraphics/port/TnMatte.h"
 #include "peers/Rows.h"
 
@@ -34,6 +35,12 @@ std::shared_ptr<TnImage> MakePicture(const TnPoint& size, Picture picture);
 
 /// A matte that holds the picture's alphas.
 std::shared_ptr<TnMatte> MakeMatte(const TnPoint& size, Picture picture);
+
+/// What DownSample makes one pixel of is as many pixels wide and high.
+inline constexpr int kCellSide = 4;
+
+/// A mask of whole cells in no order: every second one is partly set, the others are full or empty.
+std::shared_ptr<TnMask> MakeMask(const TnPoint& size);
 
 /// The image's pixels for the peers.
 Rows StraightRows(const TnImage& image);

@@ -40,13 +40,16 @@ std::string Ratio(double ratio, const std::optional<double>& limit) {
     return Number(limit && ratio > *limit ? "**%.2f**" : "%.2f", ratio);
 }
 
-/// What was measured of one comparison: a line for each rival, the first of which tells ours.
+/// What was measured of one comparison: a line for each rival, the first of which tells ours; without rivals one line.
 class Lines {
 public:
     Lines(const Comparison& comparison, const Levels& levels, const BestTime& bestTime)
         : comparison_(comparison), levels_(levels), bestTime_(bestTime) {}
 
     void AppendTo(std::vector<Cells>& lines) const {
+        if (comparison_.rivals.empty() && IsMeasured()) {
+            lines.push_back(LineAlone());
+        }
         bool isFirst = true;
         for (const Rival& rival : comparison_.rivals) {
             if (IsMeasured(rival)) {
@@ -63,17 +66,32 @@ private:
         return bestTime_(rival.work ? RivalName(comparison_, rival) : OursName(rival.name, level));
     }
 
+    bool IsMeasured() const {
+        return std::ranges::all_of(levels_, [&](auto level) { return Ours(level).has_value(); });
+    }
+
     bool IsMeasured(const Rival& rival) const {
-        return std::ranges::all_of(levels_, [&](auto level) { return Ours(level) && Its(rival, level); });
+        return IsMeasured() && std::ranges::all_of(levels_, [&](auto level) { return Its(rival, level).has_value(); });
     }
 
     std::string PerItem(double nanoseconds) const { return Number("%.3f", nanoseconds / comparison_.items); }
 
-    Cells Line(const Rival& rival, bool isFirst) const {
+    Cells OursCells(bool isFirst) const {
         Cells cells = {isFirst ? comparison_.name : ""};
         for (const ProcessorLevel level : levels_) {
             cells.push_back(isFirst ? PerItem(*Ours(level)) : "");
         }
+        return cells;
+    }
+
+    Cells LineAlone() const {
+        Cells cells = OursCells(true);
+        cells.resize(Heading(levels_).size());
+        return cells;
+    }
+
+    Cells Line(const Rival& rival, bool isFirst) const {
+        Cells cells = OursCells(isFirst);
         cells.push_back(rival.work ? rival.name : "our " + rival.name);
         cells.push_back(rival.work ? PerItem(*Its(rival, levels_.front())) : "");
         for (const ProcessorLevel level : levels_) {

@@ -65,8 +65,10 @@ std::vector<ProcessorLevel> MeasuredLevels() {
 }
 
 void Run() {
-    const std::vector<Section> sections = {FillComparisons(),  WalkComparisons(),     CopyComparisons(),
-                                           BlendComparisons(), OperatorComparisons(), TransformComparisons()};
+    const std::vector<Section> sections = {FillComparisons(),        WalkComparisons(),        CopyComparisons(),
+                                           BlendComparisons(),       OperatorComparisons(),    TransformComparisons(),
+                                           AlphaFilterComparisons(), ContentAreaComparisons(), DownSampleComparisons(),
+                                           TextureComparisons()};
     const std::vector<ProcessorLevel> levels = MeasuredLevels();
     for (const Section& section : sections) {
         for (const Comparison& comparison : section.comparisons) {

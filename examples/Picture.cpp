@@ -26,6 +26,25 @@ TnRect Inset(const TnRect& rect, double share) {
     return {rect.left + dx, rect.top + dy, rect.width - 2 * dx, rect.height - 2 * dy};
 }
 
+TnRect Grown(const TnRect& rect, std::int32_t by) {
+    return {rect.left - by, rect.top - by, rect.width + 2 * by, rect.height + 2 * by};
+}
+
+void DrawFrame(TnImage& image, const TnRect& rect, const TnColor& color) {
+    ColorFill(image, {rect.left, rect.top, rect.width, 1}, color);
+    ColorFill(image, {rect.left, rect.top + rect.height - 1, rect.width, 1}, color);
+    ColorFill(image, {rect.left, rect.top, 1, rect.height}, color);
+    ColorFill(image, {rect.left + rect.width - 1, rect.top, 1, rect.height}, color);
+}
+
+TnImage Magnified(TnImage picture, const TnRect& detail, const TnPoint& size) {
+    picture.Content(detail);
+    TnImage magnified(size);
+    const auto toDetail = MakeMatrix<double>::Scale(1.0 * detail.width / size.x, 1.0 * detail.height / size.y);
+    Transform(picture, magnified, toDetail, InterpolationType::kNearest);
+    return magnified;
+}
+
 void CutOutOval(TnImage& image, double innerRadius, double outerRadius) {
     const TnPoint size = image.Size();
     for (auto pixel = image.begin(); !pixel.AtEnd(); ++pixel) {

@@ -20,17 +20,6 @@ constexpr TnColor kAmber = {255, 255, 176, 32};
 
 TnRect Centred(const TnPoint& size) { return {(kTile.x - size.x) / 2, (kTile.y - size.y) / 2, size.x, size.y}; }
 
-TnRect Grown(const TnRect& rect, std::int32_t by) {
-    return {rect.left - by, rect.top - by, rect.width + 2 * by, rect.height + 2 * by};
-}
-
-void DrawFrame(TnImage& image, const TnRect& rect, const TnColor& color) {
-    ColorFill(image, {rect.left, rect.top, rect.width, 1}, color);
-    ColorFill(image, {rect.left, rect.top + rect.height - 1, rect.width, 1}, color);
-    ColorFill(image, {rect.left, rect.top, 1, rect.height}, color);
-    ColorFill(image, {rect.left + rect.width - 1, rect.top, 1, rect.height}, color);
-}
-
 // A print on paper, with fine lines. What surrounds it is transparent but has the paper's colour, for a matte that
 // reaches a little farther.
 TnImage MakePrint(const TnImage& subject) {
@@ -45,14 +34,6 @@ TnImage MakePrint(const TnImage& subject) {
     TnCopy(Fitted(subject, kPhoto), print, {photo.left, photo.top});
     DrawText(print, {photo.left, photo.top + photo.height + 8}, "A print with lines one pixel wide", kInk, 1);
     return print;
-}
-
-TnImage Magnified(TnImage picture, const TnRect& detail) {
-    picture.Content(detail);
-    TnImage magnified(kTile);
-    const Mapping toDetail = MakeMatrix<double>::Scale(1.0 * detail.width / kTile.x, 1.0 * detail.height / kTile.y);
-    Transform(picture, magnified, toDetail, InterpolationType::kNearest);
-    return magnified;
 }
 
 TnRect DetailAt(const TnPoint& corner, int magnification) {
@@ -97,8 +78,8 @@ void TransformSheet::AddPair(const TnImage& nearest, const TnImage& smooth, cons
     const std::string magnification = std::to_string(kTile.x / detail.width) + " times";
     AddPicture(nearest, detail, std::string(name) + ", nearest", nearestRemark);
     AddPicture(smooth, detail, std::string(name) + ", smooth", smoothRemark);
-    sheet_.Add(Magnified(nearest, detail), "Nearest", magnification);
-    sheet_.Add(Magnified(smooth, detail), "Smooth", magnification);
+    sheet_.Add(Magnified(nearest, detail, kTile), "Nearest", magnification);
+    sheet_.Add(Magnified(smooth, detail, kTile), "Smooth", magnification);
 }
 
 // Transforms ask where each pixel of the destination comes from, so the mapping of the print is turned round.
@@ -173,8 +154,8 @@ void TransformSheet::AddFields() {
     const TnRect detail = DetailAt({210, 60}, 4);
     AddPicture(woven, detail, "Interlaced", "two moments in two fields");
     AddPicture(topField, detail, "Its top field only", "scaled to full height");
-    sheet_.Add(Magnified(woven, detail), "Interlaced", "4 times");
-    sheet_.Add(Magnified(topField, detail), "Its top field only", "4 times");
+    sheet_.Add(Magnified(woven, detail, kTile), "Interlaced", "4 times");
+    sheet_.Add(Magnified(topField, detail, kTile), "Its top field only", "4 times");
 }
 
 TnImage TransformSheet::Make() {

@@ -1,5 +1,7 @@
 // Takes a picture through fills, patterns, blending towards a colour, opacity and erasing, combines it with a second
-// one by every operator, shows that one through matrices, and writes what comes out.
+// one by every operator, shows that one through matrices, gives both lettering, shadows and textures by their alphas,
+// and writes what comes out.
+#include "Alpha.h"
 #include "Operators.h"
 #include "Picture.h"
 #include "Png.h"
@@ -127,6 +129,8 @@ void Run(const std::string& folder, const std::string& photoPath, const std::str
     gallery.Add("transforms",
                 "the second picture through matrices, nearest and smooth, and the top field of interlaced video",
                 [&] { return MakeTransformSheet(photo, subject); });
+    gallery.Add("alpha", "lettering and cut-outs with smooth edges, shadows, outlines and textures",
+                [&] { return MakeAlphaSheet(photo, subject); });
 }
 
 } // namespace

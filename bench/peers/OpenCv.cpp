@@ -1,5 +1,6 @@
 #include "Peers.h"
 
+#include <cstdlib>
 #include <opencv2/core.hpp>
 #include <opencv2/imgproc.hpp>
 #include <type_traits>
@@ -48,6 +49,18 @@ template <class SomeRows> Work Warp(const SomeRows& from, const SomeRows& to, co
         }
     });
 }
+
+/// Weights that grow by one towards the middle, as shares of their sum.
+cv::Mat TriangleKernel(int radius) {
+    cv::Mat kernel(1, 2 * radius + 1, CV_32F);
+    const float sum = static_cast<float>(radius + 1) * static_cast<float>(radius + 1);
+    for (int n = 0; n < kernel.cols; ++n) {
+        kernel.at<float>(n) = static_cast<float>(radius + 1 - std::abs(n - radius)) / sum;
+    }
+    return kernel;
+}
+
+cv::Mat Square(int radius) { return cv::getStructuringElement(cv::MORPH_RECT, {2 * radius + 1, 2 * radius + 1}); }
 
 } // namespace
 
@@ -98,5 +111,35 @@ Work OpenCvEnlarge(const Rows& from, const Rows& to, Reading reading) {
 Work OpenCvReduce(const Rows& from, const Rows& to) { return Resize(from, to, cv::INTER_AREA); }
 
 Work OpenCvReduce(const ByteRows& from, const ByteRows& to) { return Resize(from, to, cv::INTER_AREA); }
+
+// Shares in floating point, from bytes to bytes, are its fastest way. Whole weights have to leave bytes for 16 bits and
+// take six times as long.
+Work OpenCvTriangle(const ByteRows& from, const ByteRows& to, int radius) {
+    return On(from, to, [kernel = TriangleKernel(radius)](const cv::Mat& source, cv::Mat& destination) {
+        cv::sepFilter2D(source, destination, -1, kernel, kernel);
+    });
+}
+
+// Two boxes of radius + 1 values make a triangle, at a cost that does not grow with them, but round in between.
+Work OpenCvTwoBoxes(const ByteRows& from, const ByteRows& to, int radius) {
+    const cv::Size box = {radius + 1, radius + 1};
+    const cv::Mat between(from.height, from.width, CV_8UC1);
+    return On(from, to, [=](const cv::Mat& source, cv::Mat& destination) {
+        cv::boxFilter(source, between, -1, box, {0, 0});
+        cv::boxFilter(between, destination, -1, box, {radius, radius});
+    });
+}
+
+Work OpenCvDilate(const ByteRows& from, const ByteRows& to, int radius) {
+    return On(from, to, [square = Square(radius)](const cv::Mat& source, cv::Mat& destination) {
+        cv::dilate(source, destination, square);
+    });
+}
+
+Work OpenCvErode(const ByteRows& from, const ByteRows& to, int radius) {
+    return On(from, to, [square = Square(radius)](const cv::Mat& source, cv::Mat& destination) {
+        cv::erode(source, destination, square);
+    });
+}
 
 } // namespace tn::bench

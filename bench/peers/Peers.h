@@ -63,6 +63,12 @@ Work OpenCvEnlarge(const Rows& from, const Rows& to, Reading reading);
 Work OpenCvReduce(const Rows& from, const Rows& to);
 Work OpenCvReduce(const ByteRows& from, const ByteRows& to);
 
+// Filters of the values around each one up to a radius, along rows and along columns.
+Work OpenCvTriangle(const ByteRows& from, const ByteRows& to, int radius);
+Work OpenCvTwoBoxes(const ByteRows& from, const ByteRows& to, int radius);
+Work OpenCvDilate(const ByteRows& from, const ByteRows& to, int radius);
+Work OpenCvErode(const ByteRows& from, const ByteRows& to, int radius);
+
 /// Qt divides drawing among the threads of its pool, except on such a thread: there it draws as all others do.
 void RunOnOneThread(const Work& work);
 
