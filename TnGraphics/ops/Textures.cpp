@@ -1,5 +1,6 @@
 #include "TnGraphics/ops/Textures.h"
 
+#include "TnGraphics/ops/InStep.h"
 #include "TnGraphics/ops/PreparedKernel.h"
 #include "TnGraphics/port/ClientLock.h"
 #include "TnGraphics/rows/RowWalk.h"
@@ -7,6 +8,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 
 namespace {
 
@@ -20,12 +22,45 @@ std::int32_t PhaseOf(std::int32_t area, std::int32_t origin, std::int32_t period
     return remainder < 0 ? remainder + period : remainder;
 }
 
+/// A row of a texture. A narrow one is laid side by side with itself, so that kernels get longer stretches.
+class TextureRow {
+public:
+    /// \param row for these pixels; where they share memory with the texture, it is left as it is to be read in step
+    TextureRow(const TnImagePixel* texture, std::size_t period, const TnImagePixel* row, std::size_t length)
+        : pixels_(texture), period_(period) {
+        if (period < kNarrow && period < length && !tn::RowSpan(texture, period).Overlaps(tn::RowSpan(row, length))) {
+            Repeat(std::min(kPixels / period, length / period + 1));
+        }
+    }
+    TextureRow(const TextureRow&) = delete;
+    TextureRow& operator=(const TextureRow&) = delete;
+
+    const TnImagePixel* Pixels() const { return pixels_; }
+    std::size_t Period() const { return period_; }
+
+private:
+    static constexpr std::size_t kNarrow = 64;
+    static constexpr std::size_t kPixels = 256;
+
+    void Repeat(std::size_t times) {
+        for (std::size_t n = 0; n < times; ++n) {
+            std::memcpy(repeated_ + n * period_, pixels_, period_ * sizeof(TnImagePixel));
+        }
+        pixels_ = reinterpret_cast<const TnImagePixel*>(repeated_);
+        period_ *= times;
+    }
+
+    const TnImagePixel* pixels_;
+    std::size_t period_;
+    std::uint32_t repeated_[kPixels]; // words of pixels; only as many as are needed are ever written
+};
+
 // Repeats the texture's row along the destination's, from a column of the texture on.
-void TileRow(const TnImagePixel* texture, std::size_t period, std::size_t column, TnImagePixel* row, std::size_t length,
+void TileRow(const TextureRow& texture, std::size_t column, TnImagePixel* row, std::size_t length,
              const Kernel& kernel) {
     for (std::size_t done = 0; done < length; column = 0) {
-        const std::size_t count = std::min(length - done, period - column);
-        kernel.CompositeRow(texture + column, row + done, count);
+        const std::size_t count = std::min(length - done, texture.Period() - column);
+        kernel.CompositeRow(texture.Pixels() + column, row + done, count);
         done += count;
     }
 }
@@ -43,7 +78,8 @@ void Tile(const TnImage& texture, TnImage& destination, const TnPoint& origin, c
     tn::ForEachRow(destination, area, [&](const TnImage::Iterator& row, std::size_t length) {
         const auto pixels = texture.begin({0, textureRow, period.x, 1});
         if (!pixels.AtEnd()) {
-            TileRow(&*pixels, static_cast<std::size_t>(period.x), column, &*row, length, kernel);
+            const TextureRow tiles(&*pixels, static_cast<std::size_t>(period.x), &*row, length);
+            TileRow(tiles, column, &*row, length, kernel);
         }
         textureRow = textureRow + 1 == period.y ? 0 : textureRow + 1;
     });

@@ -42,9 +42,7 @@ struct Blend {
     // to be told apart.
     template <class Pixels> Pixels operator()(Pixels s, Pixels d) const {
         using Channels = typename Pixels::Channels;
-        const Channels opaque = (s | Pixels::All(kAlphaBits)).Widened();
-        const Channels alphas = s.Alphas();
-        const Channels sum = opaque * alphas + d.Widened() * (Channels::All16(255) - alphas);
+        const Channels sum = Crossfade(d, s | Pixels::All(kAlphaBits), s);
         return Pixels::Narrowed(DividedBy255(sum + Channels::AlphaOnly(254)));
     }
 

@@ -29,10 +29,7 @@ struct PaintThroughAlpha {
     using Easy = WhereDestinationAlphasAreHard<128>;
 
     template <class Pixels> Pixels operator()(Pixels s, Pixels d) const {
-        using Channels = typename Pixels::Channels;
-        const Channels alphas = d.Alphas();
-        const Channels sum = d.Widened() * (Channels::All16(255) - alphas) + s.Widened() * alphas;
-        return Pixels::Narrowed(DividedBy255(sum)).WithAlphaOf(d);
+        return Pixels::Narrowed(DividedBy255(Crossfade(d, s, d))).WithAlphaOf(d);
     }
 
     template <class Pixels> Pixels Easily(Pixels s, Pixels d) const {

@@ -57,32 +57,46 @@ void AverageBoxes(const PositionSource<Pixel>& source, const BoxList& boxes, Pix
     DoRow<Pixels>(AveragedRow<Pixels, Kind, Pixel>{source, boxes, row}, length);
 }
 
-/// The index of the first of count pixels that have a bit set, or count.
-template <class Pixel, class Pixels> std::size_t FirstWithBits(Pixels found, std::size_t count) {
-    Pixel pixels[Pixels::kCount];
-    found.Store(pixels);
-    std::size_t index = 0;
-    while (index < count && pixels[index].value == 0) {
-        ++index;
+/// Which of the pixels of a lane have a bit set.
+template <class Pixel, class Pixels> class PixelsWithBits {
+public:
+    explicit PixelsWithBits(Pixels found) { found.Store(reinterpret_cast<Pixel*>(bytes_)); }
+
+    /// The index of the first of count pixels, or count.
+    std::size_t First(std::size_t count) const {
+        std::size_t index = 0;
+        while (index < count && !Has(index)) {
+            ++index;
+        }
+        return index;
     }
-    return index;
+
+    /// The index of the last of count pixels, or count.
+    std::size_t Last(std::size_t count) const {
+        for (std::size_t index = count; index > 0; --index) {
+            if (Has(index - 1)) {
+                return index - 1;
+            }
+        }
+        return count;
+    }
+
+private:
+    bool Has(std::size_t index) const { return reinterpret_cast<const Pixel*>(bytes_)[index].value != 0; }
+
+    alignas(Pixel) std::uint8_t bytes_[Pixels::kCount * sizeof(Pixel)];
+};
+
+template <class Pixel, class Pixels> std::size_t FirstWithBits(Pixels found, std::size_t count) {
+    return PixelsWithBits<Pixel, Pixels>(found).First(count);
 }
 
-/// The index of the last of count pixels that have a bit set, or count.
 template <class Pixel, class Pixels> std::size_t LastWithBits(Pixels found, std::size_t count) {
-    Pixel pixels[Pixels::kCount];
-    found.Store(pixels);
-    for (std::size_t index = count; index > 0; --index) {
-        if (pixels[index - 1].value != 0) {
-            return index - 1;
-        }
-    }
-    return count;
+    return PixelsWithBits<Pixel, Pixels>(found).Last(count);
 }
 
 /// True when the predicate seeks any pixel of four lanes.
-template <class Pixels, class Predicate, class Pixel>
-TN_ALWAYS_INLINE bool FourHaveBits(const Pixel* row, const Predicate& isSought) {
+template <class Pixels, class Predicate, class Pixel> bool FourHaveBits(const Pixel* row, const Predicate& isSought) {
     const auto lane = [&](std::size_t n) { return isSought(Pixels::Load(row + n * Pixels::kCount)); };
     return ((lane(0) | lane(1)) | (lane(2) | lane(3))).HasBits();
 }
@@ -263,7 +277,7 @@ template <class Pixels, class Filter> struct KernelsOver<Pixels, FilteringColumn
 };
 
 template <class Pixels> struct KernelsOver<Pixels, CoveringCells> {
-    static constexpr CoveringCells kKernels = {&CoverCells<Pixels>};
+    static constexpr CoveringCells kKernels = {&CoverCells<typename LanesForColumns<Pixels>::Type>};
 };
 
 template <class Pixels, class Quotient> struct KernelsOver<Pixels, Projecting<Quotient>> {

@@ -99,6 +99,16 @@ template <class Level> struct Avx2Instructions {
     static Register MinBytes(Register a, Register b) { return _mm256_min_epu8(a, b); }
     static Register MaxBytes(Register a, Register b) { return _mm256_max_epu8(a, b); }
 
+    static Register Add8(Register a, Register b) { return _mm256_add_epi8(a, b); }
+    static Register Subtract8(Register a, Register b) { return _mm256_sub_epi8(a, b); }
+    static Register Greater8(Register a, Register b) { return _mm256_cmpgt_epi8(a, b); }
+    static void StoreInTurns8(void* to, Register a, Register b) {
+        auto* const bytes = static_cast<char*>(to);
+        const Register low = InterleaveLow8(a, b);
+        const Register high = InterleaveHigh8(a, b);
+        Store(bytes, _mm256_permute2x128_si256(low, high, 0x20));
+        Store(bytes + sizeof(Register), _mm256_permute2x128_si256(low, high, 0x31));
+    }
     static Register Equal8(Register a, Register b) { return _mm256_cmpeq_epi8(a, b); }
     static Register Select8(Register mask, Register a, Register b) { return _mm256_blendv_epi8(b, a, mask); }
 
@@ -153,6 +163,20 @@ template <class Level> struct Avx2Instructions {
     }
     static Register SpreadAlphaHigh(Register a) {
         return _mm256_shuffle_epi8(a, _mm256_broadcastsi128_si256(AlphasOfTwo(11)));
+    }
+
+    static Register AlphaPairsLow(Register a) {
+        return _mm256_shuffle_epi8(a, _mm256_broadcastsi128_si256(AlphaBytesOfTwo(3)));
+    }
+    static Register AlphaPairsHigh(Register a) {
+        return _mm256_shuffle_epi8(a, _mm256_broadcastsi128_si256(AlphaBytesOfTwo(11)));
+    }
+
+    /// The choice of the alphas of two pixels, the first of them in the given byte, as every byte of each channel.
+    static __m128i AlphaBytesOfTwo(int first) {
+        const auto a = static_cast<char>(first);
+        const auto b = static_cast<char>(first + 4);
+        return _mm_setr_epi8(a, a, a, a, a, a, a, a, b, b, b, b, b, b, b, b);
     }
 
     /// The choice of the alphas of two pixels, the first of them in the given byte, as 16-bit numbers in each channel.

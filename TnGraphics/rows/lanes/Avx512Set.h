@@ -105,6 +105,12 @@ struct InstructionSet {
         return _mm512_shuffle_epi32(a, static_cast<_MM_PERM_ENUM>(word * 0x55));
     }
     static Register SpreadFourth32(Register a) { return _mm512_shuffle_epi32(a, _MM_PERM_DDDD); }
+    static Register AlphaPairsLow(Register a) {
+        return _mm512_shuffle_epi8(a, _mm512_broadcast_i32x4(Narrower::AlphaBytesOfTwo(3)));
+    }
+    static Register AlphaPairsHigh(Register a) {
+        return _mm512_shuffle_epi8(a, _mm512_broadcast_i32x4(Narrower::AlphaBytesOfTwo(11)));
+    }
     static Register SpreadAlphaLow(Register a) {
         return _mm512_shuffle_epi8(a, _mm512_broadcast_i32x4(Narrower::AlphasOfTwo(3)));
     }

@@ -104,6 +104,14 @@ struct InstructionSet {
     static Register MinBytes(Register a, Register b) { return _mm_min_epu8(a, b); }
     static Register MaxBytes(Register a, Register b) { return _mm_max_epu8(a, b); }
 
+    static Register Add8(Register a, Register b) { return _mm_add_epi8(a, b); }
+    static Register Subtract8(Register a, Register b) { return _mm_sub_epi8(a, b); }
+    static Register Greater8(Register a, Register b) { return _mm_cmpgt_epi8(a, b); }
+    static void StoreInTurns8(void* to, Register a, Register b) {
+        auto* const bytes = static_cast<char*>(to);
+        Store(bytes, InterleaveLow8(a, b));
+        Store(bytes + sizeof(Register), InterleaveHigh8(a, b));
+    }
     static Register Equal8(Register a, Register b) { return _mm_cmpeq_epi8(a, b); }
     static Register Select8(Register mask, Register a, Register b) { return Select32(mask, a, b); }
 
@@ -163,6 +171,8 @@ struct InstructionSet {
     static Register Narrow32(Register low, Register high) { return _mm_packs_epi32(low, high); }
     template <int word> static Register SpreadWord32(Register a) { return _mm_shuffle_epi32(a, word * 0x55); }
     static Register SpreadFourth32(Register a) { return _mm_shuffle_epi32(a, 0xFF); }
+    static Register AlphaPairsLow(Register a) { return SpreadFourth16(InterleaveLow8(a, a)); }
+    static Register AlphaPairsHigh(Register a) { return SpreadFourth16(InterleaveHigh8(a, a)); }
     static Register SpreadAlphaLow(Register a) { return SpreadFourth16(WidenLow(a)); }
     static Register SpreadAlphaHigh(Register a) { return SpreadFourth16(WidenHigh(a)); }
 

@@ -50,6 +50,24 @@ template <class Set> struct MatteLanes {
     friend MatteLanes operator&(MatteLanes a, MatteLanes b) { return {Set::And(a.bytes, b.bytes)}; }
     friend MatteLanes operator|(MatteLanes a, MatteLanes b) { return {Set::Or(a.bytes, b.bytes)}; }
     friend MatteLanes operator^(MatteLanes a, MatteLanes b) { return {Set::Xor(a.bytes, b.bytes)}; }
+    friend MatteLanes operator+(MatteLanes a, MatteLanes b) { return {Set::Add8(a.bytes, b.bytes)}; }
+    friend MatteLanes operator-(MatteLanes a, MatteLanes b) { return {Set::Subtract8(a.bytes, b.bytes)}; }
+
+    template <int bits> MatteLanes BytesShiftedRight() const {
+        const MatteLanes kept = All(0xFF000000U >> bits);
+        return MatteLanes{Set::template ShiftRight32<bits>(bytes)} & kept;
+    }
+
+    /// 255 where a value is more than the limit, else 0; both are below 128.
+    friend MatteLanes MoreThan(MatteLanes a, std::uint32_t limit) {
+        return {Set::Greater8(a.bytes, All(limit << 24).bytes)};
+    }
+
+    /// The values of both by turns, twice as many as a lane has.
+    static void StoreInTurns(TnMattePixel* to, MatteLanes first, MatteLanes second) {
+        Set::StoreInTurns8(to, first.bytes, second.bytes);
+    }
+
     friend MatteLanes MinBytes(MatteLanes a, MatteLanes b) { return {Set::MinBytes(a.bytes, b.bytes)}; }
     friend MatteLanes MaxBytes(MatteLanes a, MatteLanes b) { return {Set::MaxBytes(a.bytes, b.bytes)}; }
 

@@ -151,6 +151,13 @@ struct Pixels {
     /// True when a bit of any pixel is set.
     constexpr bool HasBits() const { return word != 0; }
 
+    // A matte's value as a byte.
+    template <int bits> constexpr Pixels BytesShiftedRight() const { return {word >> bits & 0xFF000000U}; }
+    static void StoreInTurns(TnMattePixel* to, Pixels first, Pixels second) {
+        first.Store(to);
+        second.Store(to + 1);
+    }
+
     template <int bits> constexpr Pixels ShiftedLeft() const { return {word << bits}; }
     template <int bits> constexpr Pixels ShiftedRight() const { return {word >> bits}; }
     template <int bits> constexpr Pixels ShiftedRightSigned() const {
@@ -207,6 +214,9 @@ constexpr PixelMask Less(Pixels a, Pixels b) {
 } ///< With a sign.
 constexpr Pixels Select(PixelMask mask, Pixels a, Pixels b) { return mask.mask ? a : b; }
 
+/// A matte's value of 255 where a value is more than the limit, else 0; both are below 128.
+constexpr Pixels MoreThan(Pixels a, std::uint32_t limit) { return {a.word >> 24 > limit ? 0xFF000000U : 0U}; }
+
 /// The value where a and b have the same one, elsewhere that of c.
 constexpr Pixels SameOr(Pixels a, Pixels b, Pixels c) { return Select(a == b, a, c); }
 
@@ -254,6 +264,12 @@ constexpr Pixels Rescaled(Pixels pixels, const Channels& scales, const Channels&
 /// alpha x opacity / 255, truncated, for opacities up to 255; the colour stays.
 constexpr Pixels Faded(Pixels pixels, Pixels::Opacity opacity) {
     return pixels.WithAlphaOf({(pixels.word >> 24) * opacity.value / 255 << 24});
+}
+
+/// from x (255 - alpha) + to x alpha for each channel, by the alphas of a third pixel.
+constexpr Channels Crossfade(Pixels from, Pixels to, Pixels alphas) {
+    const Channels weights = alphas.Alphas();
+    return from.Widened() * (Channels::All16(255) - weights) + to.Widened() * weights;
 }
 
 /// Each channel, divided by the pixel's divisor, 1 to 255, and truncated, where channels are at most 255 x divisor.

@@ -192,6 +192,19 @@ template <class Set> struct PixelLanes {
              Channels::RescaledHalf(Set::InterleaveHigh8(Set::All32(0), pixels.words), scales.high, offsets.high)});
     }
 
+    // Weights are bytes without a sign, what they weigh are bytes with one: 128 less, which the sum gets back.
+    friend Channels Crossfade(PixelLanes from, PixelLanes to, PixelLanes alphas) {
+        const auto signs = Set::All32(0x80808080);
+        const auto lessFrom = Set::Xor(from.words, signs);
+        const auto lessTo = Set::Xor(to.words, signs);
+        const auto inverse = Set::All16(255); // 255 - alpha in the first byte of each pair
+        const auto lowWeights = Set::Xor(Set::AlphaPairsLow(alphas.words), inverse);
+        const auto highWeights = Set::Xor(Set::AlphaPairsHigh(alphas.words), inverse);
+        return Channels{Set::WeightedPairs8(lowWeights, Set::InterleaveLow8(lessFrom, lessTo)),
+                        Set::WeightedPairs8(highWeights, Set::InterleaveHigh8(lessFrom, lessTo))} +
+               Channels::All16(128 * 255);
+    }
+
     friend Channels Divided(Channels channels, PixelLanes divisors) {
         const Channels by = divisors.Spread();
         const Channels reciprocals = PixelLanes{Set::Quotients32(Set::All32(65535), divisors.words)}.Spread();
