@@ -2,9 +2,7 @@
 #pragma once
 
 #include "tests/fakes/RecordingEngines.h"
-
-#include "TnGraphics/draw/Binding.h"
-#include "TnGraphics/runtime/RuntimeState.h"
+#include "tests/runtime/FreshLibrary.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -15,22 +13,6 @@
 namespace tn::test {
 
 using Lines = std::vector<std::string>;
-
-/// Lets the library forget what it knew of engines, when it is made and when it is destroyed.
-struct FreshLibrary {
-    FreshLibrary() { Forget(); }
-    ~FreshLibrary() {
-        TheBinding().Stop();
-        Forget();
-    }
-    FreshLibrary(const FreshLibrary&) = delete;
-    FreshLibrary& operator=(const FreshLibrary&) = delete;
-
-    static void Forget() {
-        RenewBinding();
-        TheRuntimeState() = {};
-    }
-};
 
 class EngineTest : public testing::Test {
 protected:

@@ -1,10 +1,10 @@
 // The library upon engines that do what they say, linked in or imported.
-#include "TnGraphics/draw/Binding.h"
+#include "tests/runtime/FreshLibrary.h"
+
 #include "TnGraphics/draw/CKelError.h"
 #include "TnGraphics/draw/ClientObjects.h"
 #include "TnGraphics/draw/EngineErrors.h"
 #include "TnGraphics/runtime/EngineVersions.h"
-#include "TnGraphics/runtime/RuntimeState.h"
 #include "TnGraphics/runtime/TnGraphicsMem.h"
 
 #include "TnEngines/abi/huex_procedures.h"
@@ -20,14 +20,6 @@ namespace tn::test {
 namespace {
 
 constexpr std::uint64_t kBudget = std::uint64_t{1} << 26;
-
-/// Makes the library what it was when it was loaded.
-struct FreshLibrary {
-    FreshLibrary() {
-        RenewBinding();
-        TheRuntimeState() = {};
-    }
-};
 
 class RealEngines : public ::testing::Test {
     FreshLibrary fresh_;
