@@ -43,3 +43,7 @@
 #include "TnGraphics/runtime/EngineVersions.h"
 #include "TnGraphics/runtime/TnGraphicsMem.h"
 #include "TnGraphics/transform/Transform.h"
+
+#if defined(_WIN32)
+#include "TnGraphics/win/Presentation.h"
+#endif

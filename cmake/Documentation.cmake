@@ -8,6 +8,10 @@ endif()
 set(TNGRAPHICS_DOCS_DIR "${PROJECT_BINARY_DIR}/docs" CACHE PATH "Where the target `docs` puts its pages")
 
 get_target_property(public_headers TnGraphics HEADER_SET)
+get_target_property(windows_headers TnGraphics TN_WINDOWS_HEADERS)
+list(TRANSFORM windows_headers PREPEND "${PROJECT_SOURCE_DIR}/TnGraphics/")
+list(APPEND public_headers ${windows_headers})
+list(REMOVE_DUPLICATES public_headers)
 list(JOIN public_headers "\" \"" doxygen_input)
 configure_file(docs/Doxyfile.in "${PROJECT_BINARY_DIR}/Doxyfile" @ONLY)
 
