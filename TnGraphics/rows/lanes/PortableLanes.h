@@ -87,7 +87,7 @@ struct Pixels {
     struct BoxSums;
     struct ShortSums;
     struct Square;
-    using LongSums = ShortSums;
+    struct LongSums;
     using Mattes = Pixels; ///< Lanes for rows of matte pixels alone.
     using Narrower = void; ///< Lanes for the rest of a row, where there is no way to load and store a part of these.
     static constexpr std::size_t kCount = 1;
@@ -318,6 +318,9 @@ struct Pixels::ShortSums {
 private:
     static constexpr std::uint32_t AlphaOf(Pixels pixel) { return pixel.word >> 24; }
 };
+
+/// Sums of this width are long enough for all.
+struct Pixels::LongSums : ShortSums {};
 
 /// A matte's value, a row and a column by itself.
 struct Pixels::Square {
