@@ -27,13 +27,15 @@ TN_EXPORT WinBitMapHelper* GetWinBitMapHelper(const TnImage& image);
 /// A bitmap over the pixels of a storage, which are not copied: the storage must outlive it, locked.
 ///
 /// 32 bits are shown with their alphas. Any other depth is taken for 8 bits of grey whose alpha is the same value: 0 is
-/// transparent black, 255 opaque white. GDI+ refuses row bytes that are no multiple of 4; nothing is shown then.
+/// transparent black, 255 opaque white. GDI+ refuses row bytes that are no multiple of 4; nothing is shown then. So no
+/// mask is ever shown.
 ///
 /// \return null for no storage, without memory, and for a storage of 1 bit in which a row read as 8 bits would end
 ///         beyond its last byte
 TN_EXPORT std::unique_ptr<Gdiplus::Bitmap> MakeGDIPlusBitmap(WinBitMapHelper* storage);
 
-/// Shows a rectangle of a storage in a rectangle of a device context; alphas and pixels there are replaced.
+/// Shows a rectangle of a storage in a rectangle of a device context, whose pixels are replaced. A device has no
+/// alphas: what is left of a translucent pixel is its colour times its alpha.
 ///
 /// Widths alone decide how: a narrower destination is reduced with GDI+'s best filter, a wider one shows each pixel
 /// as a rectangle, and equal widths are left to what the device context's graphics do.
