@@ -8,6 +8,8 @@
 #include "TnGraphics/color/TnColorTransform.h"
 #include "TnGraphics/color/YuvConversion.h"
 #include "TnGraphics/draw/CKelError.h"
+#include "TnGraphics/draw/TnDrawPort.h"
+#include "TnGraphics/draw/TnRasterPort.h"
 #include "TnGraphics/geometry/Angles.h"
 #include "TnGraphics/geometry/MakeMatrix.h"
 #include "TnGraphics/geometry/Matrix.h"

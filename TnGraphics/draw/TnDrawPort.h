@@ -1,0 +1,120 @@
+/// \file
+/// Drawing by paths.
+///
+/// A port forwards each call at once to the vector engine. Positions are in user space, which a new port shares with
+/// the pixels of its target: pixel (i, j) is the square from (i, j) to (i + 1, j + 1), y grows downwards. Points are
+/// handed on in single precision.
+///
+/// Paths and paints are for the time between BeginDrawing and EndDrawing. Outside it, and without a TnGraphicsMem, they
+/// throw CKelError "Missing Interface". Clip, EvenOddClip, Fill, EvenOddFill and Stroke throw CKelError where the
+/// engine reports an error, and std::bad_alloc ("bad allocation") where it has no memory; errors of all other calls are
+/// told by Error(). A port belongs to one thread at a time.
+#pragma once
+
+#include "TnGraphics/TnExport.h"
+#include "TnGraphics/geometry/Matrix.h"
+#include "TnGraphics/geometry/TnFixed.h"
+#include "TnGraphics/geometry/TnFloat.h"
+#include "TnGraphics/geometry/TnPoint.h"
+#include "TnGraphics/geometry/TnRect.h"
+
+#include <cstdint>
+#include <memory>
+
+namespace tn {
+class EnginePort;
+}
+
+/// Paths, paints and a graphics state, whatever they are drawn on.
+class TN_EXPORT TnDrawPort {
+public:
+    /// How the ends of open paths look.
+    enum CapStyle : std::int32_t {
+        kButtCap = 0,  ///< Cut off at the end.
+        kRoundCap = 1, ///< A half disc around the end.
+        kSquareCap = 2 ///< Half the line's width beyond the end.
+    };
+
+    /// How the corners of lines look.
+    enum JoinStyle : std::int32_t {
+        kMiterJoin = 0, ///< Pointed, or cut off where the point would be long.
+        kRoundJoin = 1, ///< A disc around the corner.
+        kBevelJoin = 2  ///< Cut off.
+    };
+
+    /// Which edges are smooth. Some do the same; hosts have both names for it.
+    enum AntiAliasPolicy : std::int32_t {
+        kSmooth = 0,          ///< All edges.
+        kHard = 1,            ///< None.
+        kSmoothPaint = 2,     ///< Edges of painted areas, not those of clips.
+        kHardShapes = 3,      ///< None.
+        kHardText = 4,        ///< None.
+        kHardThinLines = 5,   ///< None; lines narrower than a pixel get a pixel's width.
+        kSmoothThinLines = 6, ///< All; lines narrower than a pixel get its width and less alpha.
+        kSmoothEverything = 7 ///< The same.
+    };
+
+    TnDrawPort(const TnDrawPort&) = delete;
+    TnDrawPort& operator=(const TnDrawPort&) = delete;
+    virtual ~TnDrawPort();
+
+    /// Begins to draw. Each call wants an EndDrawing.
+    ///
+    /// \return true when there is something to draw with
+    virtual bool BeginDrawing(AntiAliasPolicy policy, long count) = 0;
+
+    /// Gives up one hold, and with the last one what there was to draw with.
+    virtual void EndDrawing() = 0;
+
+    void NewPath(); ///< Forgets the path.
+
+    void MoveTo(const TnPoint& to); ///< Begins a part of the path.
+    void MoveTo(const TnFixedPoint& to);
+    void MoveTo(const TnFloatPoint& to);
+    void LineTo(const TnPoint& to); ///< Adds a line from the current point.
+    void LineTo(const TnFixedPoint& to);
+    void LineTo(const TnFloatPoint& to);
+
+    /// Adds a Bezier curve from the current point, with two control points.
+    void CurveTo(const TnFixedPoint& control1, const TnFixedPoint& control2, const TnFixedPoint& to);
+    void CurveTo(const TnFloatPoint& control1, const TnFloatPoint& control2, const TnFloatPoint& to);
+
+    void ClosePath(); ///< Adds a line to where the part of the path began, and ends it.
+
+    /// Adds a rectangle, clockwise from its top-left corner: a line back to it, and a close.
+    void DrawRect(const TnRect& rect);
+    void DrawRect(const TnFixedRect& rect);
+
+    void Clip();        ///< Paints from now on only inside the path, by the non-zero rule, and inside earlier clips.
+    void EvenOddClip(); ///< Clip by the even-odd rule.
+    void Fill();        ///< Paints the inside of the path, by the non-zero rule, and forgets the path.
+    void EvenOddFill(); ///< Fill by the even-odd rule.
+    void Stroke();      ///< Paints a line along the path and forgets the path.
+
+    void SaveState();    ///< Keeps colour, matrix, clip, line style and path on a stack.
+    void RestoreState(); ///< Takes them back from there.
+
+    void LineWidth(const TnFixed& width);
+    void LineCap(CapStyle style);
+    void LineJoin(JoinStyle style);
+
+    void Translate(const TnFixedPoint& by); ///< Moves what comes; acts before the transformations so far.
+    void Scale(const TnFixedPoint& by);     ///< Scales what comes; acts before the transformations so far.
+
+    /// Replaces the transformation. The matrix's third row is not looked at.
+    void SetMatrix(const Matrix<double, 3, 3>& matrix);
+
+    void Gray(float gray); ///< Paints with a grey, from 0, black, to 1, white.
+
+    /// Paints with a colour of parts from 0 to 1.
+    void RGBColor(float red, float green, float blue, float alpha);
+
+    /// 1 when a call has failed since drawing began, otherwise 0.
+    long Error() const;
+
+protected:
+    TnDrawPort();
+
+    std::int32_t holds_ = 0;
+    std::unique_ptr<tn::EnginePort> enginePort_;
+};
