@@ -24,8 +24,14 @@ struct LoaderEntry {
 
 constexpr ULONG kNoThreadCalls = 0x00040000;
 
+const PEB& Process() {
+    using GetCurrentPeb = PEB*(NTAPI*)();
+    const auto get = GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "RtlGetCurrentPeb");
+    return *reinterpret_cast<GetCurrentPeb>(reinterpret_cast<void*>(get))();
+}
+
 const LoaderEntry* EntryOf(HMODULE library) {
-    LIST_ENTRY& modules = NtCurrentTeb()->ProcessEnvironmentBlock->Ldr->InMemoryOrderModuleList;
+    LIST_ENTRY& modules = Process().Ldr->InMemoryOrderModuleList;
     for (LIST_ENTRY* link = modules.Flink; link != &modules; link = link->Flink) {
         const auto* const entry = CONTAINING_RECORD(link, LoaderEntry, inMemoryOrder);
         if (entry->base == library) {
