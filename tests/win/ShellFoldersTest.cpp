@@ -37,7 +37,7 @@ TEST(WindowsShell, TellsItsFolders) {
 
 TEST(WindowsShell, KnowsNoFolderOfAnUnknownNumber) {
     ShellItemList items = nullptr;
-    EXPECT_FALSE(kPlatformShell.getFolderLocation(static_cast<ShellFolder>(0x7000), &items));
+    EXPECT_FALSE(kPlatformShell.getFolderLocation(static_cast<ShellFolder>(0x7F), &items));
 }
 
 TEST(WindowsShell, LetsTheFontEngineStart) {
