@@ -1,5 +1,6 @@
-// Private: filters along the columns of mattes. All columns of a lane advance together, a row at a time, and what a
-// value costs does not depend on the radius.
+// Private: filters along the columns of mattes. All columns of a lane advance together, a row at a time, and the work
+// for a value does not grow with the radius; it only differs between short and long sums, and for extremes of few
+// neighbours.
 #pragma once
 
 #include "TnGraphics/port/TnMattePixel.h"
@@ -29,8 +30,8 @@ struct ColumnsToFilter {
 inline constexpr std::size_t kShortRadius = 15;
 inline constexpr std::size_t kLongRadius = 126;
 
-/// A value that filters may be told to keep, by whom 1-bit masks are given soft edges: half of 255.
-inline constexpr std::uint32_t kHalfCovered = 0x80000000; // the word of a matte's value of 128
+/// The value that filters may be told to keep, 128, as a matte's word.
+inline constexpr std::uint32_t kHalfCovered = 0x80000000;
 
 /// Columns that fill a lane.
 template <class Lanes> struct WholeLane {
