@@ -26,3 +26,20 @@ target_compile_options(TnCompilerSettings INTERFACE
 
 # Whatever is linked for Windows carries the compiler's runtime inside it.
 target_link_options(TnCompilerSettings INTERFACE $<$<BOOL:${MINGW}>:-static>)
+
+# Sources of kernels for a processor level: AVX2 or AVX512. No other source is compiled for more than the baseline.
+function(tn_set_level_options level)
+    set(options -mavx2)
+    if(level STREQUAL "AVX512")
+        list(APPEND options -mavx512f -mavx512bw -mavx512vl -mavx512dq)
+    endif()
+    if(MINGW)
+        # Win64 aligns the stack to 16 bytes only, yet the compiler spills wider vectors there with aligned moves.
+        list(APPEND options -Wa,-muse-unaligned-vector-move)
+    endif()
+    if(level STREQUAL "AVX512" AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+        # The compiler's own header passes undefined vectors where all lanes are masked in, and then warns of them.
+        list(APPEND options -Wno-maybe-uninitialized -Wno-uninitialized)
+    endif()
+    set_source_files_properties(${ARGN} PROPERTIES COMPILE_OPTIONS "${options}")
+endfunction()

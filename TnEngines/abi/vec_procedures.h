@@ -69,11 +69,17 @@ typedef float (*VecPortGetNumberType)(VecPort port);
 typedef int32_t (*VecPortGetPointType)(VecPort port, VecPoint* point);
 typedef int32_t (*VecPortGetRectType)(VecPort port, VecRect* rect);
 
+/// Whether the path's inside holds a point.
+typedef int32_t (*VecPortPointQueryType)(VecPort port, float x, float y);
+
 typedef void (*VecPortGetMatrixType)(VecPort port, VecMatrix* matrix);
 typedef void (*VecPortConcatMatrixType)(VecPort port, const VecMatrix* matrix);
 
 /// The two last arguments have no meaning yet.
 typedef void (*VecPortSetColorServerV4Type)(VecPort port, HuexColor color, int32_t reserved1, int32_t reserved2);
+
+/// The colour that was set last, borrowed; null before one was set.
+typedef HuexColor (*VecPortGetColorServerType)(VecPort port);
 
 /// Sets an option of a group.
 typedef void (*VecPortOptionsV3Type)(VecPort port, int32_t group, int32_t value);

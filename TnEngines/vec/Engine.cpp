@@ -1,6 +1,7 @@
 #include "TnEngines/vec/Engine.h"
 
 #include "TnEngines/abi/vec.h"
+#include "TnEngines/vec/port/CreationError.h"
 
 namespace tn::vec {
 namespace {
@@ -26,10 +27,14 @@ uint32_t VecStartup(KelGetAddressProc getAddress, uint32_t, uint32_t, uint32_t) 
     if (getAddress == nullptr) {
         return 0;
     }
+    tn::vec::ForgetCreationError(); // with the procedures that it was made by
     tn::vec::theState = {getAddress, true};
     return 1;
 }
 
-void VecShutdown() { tn::vec::theState.isStarted = false; }
+void VecShutdown() {
+    tn::vec::ForgetCreationError();
+    tn::vec::theState.isStarted = false;
+}
 
 uint32_t VecVersion() { return tn::vec::kVersion; }

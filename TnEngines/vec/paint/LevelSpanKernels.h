@@ -1,0 +1,60 @@
+// Private: the span kernels, once for each processor level. The compiler makes lanes of the loops.
+#pragma once
+
+#include "TnEngines/vec/paint/Blending.h"
+#include "TnEngines/vec/paint/SpanKernels.h"
+
+namespace tn::vec {
+namespace {
+
+inline std::uint32_t Load(const std::uint8_t* pixel) {
+    std::uint32_t word;
+    std::memcpy(&word, pixel, sizeof(word));
+    return word;
+}
+
+inline void Store(std::uint8_t* pixel, std::uint32_t word) { std::memcpy(pixel, &word, sizeof(word)); }
+
+void FillImage(std::uint8_t* pixels, std::size_t count, std::uint32_t word) {
+    for (std::size_t i = 0; i < count; ++i) {
+        Store(pixels + 4 * i, word);
+    }
+}
+
+void BlendImage(std::uint8_t* pixels, std::size_t count, std::uint32_t color, std::uint32_t alpha) {
+    for (std::size_t i = 0; i < count; ++i) {
+        Store(pixels + 4 * i, Blended(Load(pixels + 4 * i), color, alpha));
+    }
+}
+
+void BlendImageCovered(std::uint8_t* pixels, std::size_t count, std::uint32_t color, const std::uint8_t* coverage) {
+    const std::uint32_t alpha = color >> 24;
+    for (std::size_t i = 0; i < count; ++i) {
+        Store(pixels + 4 * i, Blended(Load(pixels + 4 * i), color, CoveredAlpha(alpha, coverage[i])));
+    }
+}
+
+void BlendMatte(std::uint8_t* pixels, std::size_t count, std::uint32_t value, std::uint32_t alpha) {
+    for (std::size_t i = 0; i < count; ++i) {
+        pixels[i] = static_cast<std::uint8_t>(BlendedMatte(pixels[i], value, alpha));
+    }
+}
+
+void BlendMatteCovered(std::uint8_t* pixels, std::size_t count, std::uint32_t value, std::uint32_t alpha,
+                       const std::uint8_t* coverage) {
+    for (std::size_t i = 0; i < count; ++i) {
+        pixels[i] = static_cast<std::uint8_t>(BlendedMatte(pixels[i], value, CoveredAlpha(alpha, coverage[i])));
+    }
+}
+
+void Multiply(std::uint8_t* coverage, std::size_t count, const std::uint8_t* by) {
+    for (std::size_t i = 0; i < count; ++i) {
+        coverage[i] = static_cast<std::uint8_t>(Nearest255th(static_cast<std::uint32_t>(coverage[i] * by[i])));
+    }
+}
+
+constexpr SpanKernels kLevelKernels = {&FillImage,  &BlendImage,        &BlendImageCovered,
+                                       &BlendMatte, &BlendMatteCovered, &Multiply};
+
+} // namespace
+} // namespace tn::vec

@@ -1,0 +1,77 @@
+// Private: covered pixels in the colour of a paint.
+#pragma once
+
+#include "TnEngines/vec/scan/Box.h"
+#include "TnEngines/vec/scan/Coverage.h"
+
+#include <cstddef>
+#include <cstdint>
+
+namespace tn::vec {
+
+/// The pixels that a port paints into.
+struct Target {
+    std::uint8_t* pixels = nullptr; ///< The first byte of the upper left pixel's.
+    std::size_t rowBytes = 0;
+    Box bounds;
+    std::int32_t bitsPerPixel = 0; ///< 32, 8 or 1
+
+    std::uint8_t* Row(std::int32_t y) const { return pixels + rowBytes * static_cast<std::size_t>(y - bounds.top); }
+};
+
+/// A colour as each kind of target takes it.
+struct PaintColor {
+    std::uint8_t alpha = 255;
+    std::uint8_t red = 0, green = 0, blue = 0;
+    std::uint8_t gray = 0;
+
+    /// With less alpha, by a part of 0..1.
+    PaintColor Thinned(double part) const {
+        PaintColor thinned = *this;
+        thinned.alpha = static_cast<std::uint8_t>(alpha * part + 0.5);
+        return thinned;
+    }
+};
+
+/// Paints into images: blue, green, red and straight alpha, a byte each.
+class ImagePainter final : public CoverageSink {
+public:
+    ImagePainter(const Target& target, const PaintColor& color);
+    void Cover(std::int32_t top, std::int32_t bottom, const CoverageRow& row) override;
+
+private:
+    void PaintSpan(std::uint8_t* pixels, const CoverageSpan& span) const;
+
+    const Target& target_;
+    std::uint32_t color_; // alpha in the top byte
+};
+
+/// Paints gray into mattes.
+class MattePainter final : public CoverageSink {
+public:
+    MattePainter(const Target& target, const PaintColor& color) : target_(target), color_(color) {}
+    void Cover(std::int32_t top, std::int32_t bottom, const CoverageRow& row) override;
+
+private:
+    void PaintSpan(std::uint8_t* pixels, const CoverageSpan& span) const;
+
+    const Target& target_;
+    PaintColor color_;
+};
+
+/// Sets and clears bits, the leftmost pixel in the highest one, where paint covers at least half.
+class MaskPainter final : public CoverageSink {
+public:
+    MaskPainter(const Target& target, const PaintColor& color) : target_(target), color_(color) {}
+    void Cover(std::int32_t top, std::int32_t bottom, const CoverageRow& row) override;
+
+private:
+    void PaintSpan(std::uint8_t* row, const CoverageSpan& span) const;
+    void SetBits(std::uint8_t* row, std::size_t first, std::size_t end) const;
+    bool Shows(std::uint8_t coverage) const;
+
+    const Target& target_;
+    PaintColor color_;
+};
+
+} // namespace tn::vec

@@ -1,0 +1,45 @@
+// Private: what takes user space to device space.
+#pragma once
+
+#include "TnEngines/vec/path/Point.h"
+
+#include <cmath>
+
+namespace tn::vec {
+
+/// x' = a x + c y + tx, y' = b x + d y + ty
+struct Matrix {
+    double a = 1, b = 0, c = 0, d = 1, tx = 0, ty = 0;
+
+    double Determinant() const { return a * d - b * c; }
+
+    bool IsFinite() const {
+        return std::isfinite(a) && std::isfinite(b) && std::isfinite(c) && std::isfinite(d) && std::isfinite(tx) &&
+               std::isfinite(ty);
+    }
+
+    /// False where the plane collapses, so that there is nothing to see.
+    bool IsInvertible() const { return IsFinite() && Determinant() != 0; }
+
+    Point MapDistance(Point distance) const {
+        return {a * distance.x + c * distance.y, b * distance.x + d * distance.y};
+    }
+    Point Map(Point point) const { return MapDistance(point) + Point{tx, ty}; }
+
+    /// Undoes MapDistance, where the matrix is invertible.
+    Point UnmapDistance(Point distance) const {
+        const double determinant = Determinant();
+        return {(d * distance.x - c * distance.y) / determinant, (a * distance.y - b * distance.x) / determinant};
+    }
+    Point Unmap(Point point) const { return UnmapDistance(point - Point{tx, ty}); }
+};
+
+/// Does the step first and then the matrix.
+inline Matrix operator*(const Matrix& matrix, const Matrix& step) {
+    const Point x = matrix.MapDistance({step.a, step.b});
+    const Point y = matrix.MapDistance({step.c, step.d});
+    const Point origin = matrix.Map({step.tx, step.ty});
+    return {x.x, x.y, y.x, y.y, origin.x, origin.y};
+}
+
+} // namespace tn::vec

@@ -1,0 +1,82 @@
+// Private: lines of some width along paths.
+#pragma once
+
+#include "TnEngines/vec/path/Flatten.h"
+#include "TnEngines/vec/path/Matrix.h"
+#include "TnEngines/vec/path/Outline.h"
+#include "TnEngines/vec/path/Path.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace tn::vec {
+
+enum class Cap : std::int32_t { kButt, kRound, kSquare };
+enum class Join : std::int32_t { kMiter, kRound, kBevel };
+
+/// How long a pointed corner may be, in widths of the line.
+inline constexpr double kMiterLimit = 10;
+
+/// How to stroke: a line's look and the matrix that makes an ellipse of its round pen.
+struct Pen {
+    double width = 1; ///< Above 0, in user space.
+    Cap cap = Cap::kButt;
+    Join join = Join::kMiter;
+    Matrix matrix; ///< Invertible.
+};
+
+/// Adds the outline of a path's stroke to an outline. The outline winds around no place of it 0 times, and around no
+/// other place.
+///
+/// Each side of a sub-path runs beside its lines. On the inner side of a corner it goes through the corner itself, so
+/// that it is the sum of the outlines of one rectangle a line and one wedge a corner, all in the same sense.
+class Stroker {
+public:
+    Stroker(const Pen& pen, double flatness, Outline& outline);
+
+    void Stroke(const Path& path);
+
+    // As Flatten tells of a path
+    void Move(Point to);
+    void Line(Point to, Vertex vertex);
+    void Close();
+
+private:
+    struct Corner {
+        Point at; ///< In device space.
+        Vertex vertex;
+    };
+    /// A line from a corner to the next.
+    struct Side {
+        Point along;   ///< Of length 1, in user space.
+        double length; ///< In user space.
+    };
+
+    void EndSubPath(bool isClosed);
+    void StrokeDot();
+    void StrokeOpen();
+    void StrokeClosed();
+    bool MeasureSides(bool isClosed);
+
+    Point Offset(const Side& side) const { return {-halfWidth_ * side.along.y, halfWidth_ * side.along.x}; }
+    void LineTo(Point corner, Point offset) { outline_.Line(corner + pen_.matrix.MapDistance(offset)); }
+    void MoveTo(Point corner, Point offset) { outline_.Move(corner + pen_.matrix.MapDistance(offset)); }
+    void AddCap(Point corner, const Side& into);
+    void AddCorner(const Corner& corner, const Side& from, const Side& to);
+    void AddInnerCorner(const Corner& corner, const Side& from, const Side& to);
+    void AddOuterCorner(const Corner& corner, const Side& from, const Side& to);
+    void AddArc(Point corner, Point from, Point to, int depth);
+    void AddRoundCorner(Point corner, const Side& from, const Side& to);
+
+    Pen pen_;
+    Outline& outline_;
+    double halfWidth_;
+    double flatness_;
+    double flatCosine_; // of the angle of a chord that is as good as its arc
+    bool hasLines_ = false;
+    std::vector<Corner> corners_;
+    std::vector<Side> sides_;
+};
+
+} // namespace tn::vec
