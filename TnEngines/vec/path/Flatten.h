@@ -15,9 +15,6 @@ inline constexpr double kFlatness = 1.0 / 64;
 /// More chords no curve gets, however far away its control points are.
 inline constexpr int kMostChords = 4096;
 
-/// Whether a line's end is a corner of the path or a point that flattening put into a curve.
-enum class Vertex { kCorner, kSmooth };
-
 /// A cubic Bezier curve as a polynomial: ((a t + b) t + c) t + start.
 class Cubic {
 public:
@@ -42,17 +39,27 @@ private:
     Point a_, b_, c_, start_;
 };
 
-template <class Lines> void FlattenCurve(Point start, const Point* points, double flatness, Lines& lines) {
-    const Cubic curve(start, points[0], points[1], points[2]);
-    const int chords = curve.Chords(flatness);
-    const double step = 1.0 / chords;
-    for (int i = 1; i < chords; ++i) {
-        lines.Line(curve.At(i * step), Vertex::kSmooth);
-    }
-    lines.Line(points[2], Vertex::kCorner);
+/// The first distance that leads anywhere.
+inline Point Heading(Point first, Point second, Point third) {
+    const Point nowhere = {0, 0};
+    return first != nowhere ? first : second != nowhere ? second : third;
 }
 
-/// Tells of a path with Move(to), Line(to, vertex) and Close().
+template <class Lines> void FlattenCurve(Point start, const Point* points, double flatness, Lines& lines) {
+    const Point end = points[2];
+    const Cubic curve(start, points[0], points[1], end);
+    const int chords = curve.Chords(flatness);
+    const double step = 1.0 / chords;
+    lines.BeginCurve(Heading(points[0] - start, points[1] - start, end - start));
+    for (int i = 1; i < chords; ++i) {
+        lines.Line(curve.At(i * step));
+    }
+    lines.Line(end);
+    lines.EndCurve(Heading(end - points[1], end - points[0], end - start));
+}
+
+/// Tells of a path with Move(to), Line(to) and Close(). What is between BeginCurve and EndCurve, which are given where
+/// the curve heads there, stands for one curve.
 template <class Lines> void Flatten(const Path& path, double flatness, Lines& lines) {
     const Point* point = path.Points().data();
     for (const Verb verb : path.Verbs()) {
@@ -61,7 +68,7 @@ template <class Lines> void Flatten(const Path& path, double flatness, Lines& li
             lines.Move(*point);
             break;
         case Verb::kLine:
-            lines.Line(*point, Vertex::kCorner);
+            lines.Line(*point);
             break;
         case Verb::kCurve:
             FlattenCurve(point[-1], point, flatness, lines);

@@ -33,7 +33,7 @@ void Outline::Move(Point to) {
     start_ = current_ = Snapped(to);
 }
 
-void Outline::Line(Point to, Vertex) { StepTo(Snapped(to)); }
+void Outline::Line(Point to) { StepTo(Snapped(to)); }
 
 void Outline::Close() {
     StepTo(start_);

@@ -1,7 +1,6 @@
 // Private: what an area is bounded by, in the order in which rows meet it.
 #pragma once
 
-#include "TnEngines/vec/path/Flatten.h"
 #include "TnEngines/vec/path/Point.h"
 
 #include <cstddef>
@@ -25,7 +24,9 @@ public:
 
     // As Flatten tells of a path. Sub-paths that stay open are closed.
     void Move(Point to);
-    void Line(Point to, Vertex = Vertex::kCorner);
+    void Line(Point to);
+    void BeginCurve(Point) {}
+    void EndCurve(Point) {}
     void Close();
 
     /// Closes what is open. Nothing may be added afterwards.

@@ -11,7 +11,9 @@ struct PathBuilder {
     Path path;
 
     void Move(Point to) { path.Move(to); }
-    void Line(Point to, Vertex) { path.Line(to); }
+    void Line(Point to) { path.Line(to); }
+    void BeginCurve(Point) {}
+    void EndCurve(Point) {}
     void Close() { path.Close(); }
 };
 
@@ -20,12 +22,15 @@ public:
     explicit Measure(const Matrix& matrix) : matrix_(matrix) {}
 
     void Move(Point to) { start_ = current_ = to; }
-    void Line(Point to, Vertex) {
+    void Line(Point to) {
         const Point line = matrix_.UnmapDistance(to - current_);
         length_ += std::sqrt(Dot(line, line));
         current_ = to;
     }
-    void Close() { Line(start_, Vertex::kCorner); }
+    void Close() { Line(start_); }
+
+    void BeginCurve(Point) {}
+    void EndCurve(Point) {}
 
     double Length() const { return length_; }
 

@@ -33,177 +33,174 @@ Stroker::Stroker(const Pen& pen, double flatness, Outline& outline)
       flatCosine_(FlatCosine(halfWidth_ * GreatestScale(pen.matrix), flatness)) {}
 
 void Stroker::Stroke(const Path& path) {
-    corners_.clear();
     Flatten(path, flatness_, *this);
     EndSubPath(false);
 }
 
 void Stroker::Move(Point to) {
     EndSubPath(false);
-    corners_.push_back({to, Vertex::kCorner});
-    hasLines_ = false;
+    start_ = current_ = to;
+    isBegun_ = true;
 }
 
-void Stroker::Line(Point to, Vertex vertex) {
+void Stroker::Line(Point to) {
     hasLines_ = true;
-    Corner& last = corners_.back();
-    const Point step = to - last.at;
-    if (Dot(step, step) >= kLeastLength * kLeastLength) {
-        corners_.push_back({to, vertex});
-    } else if (vertex == Vertex::kCorner) {
-        last.vertex = vertex;
+    const Point line = to - current_;
+    if (Dot(line, line) >= kLeastLength * kLeastLength) {
+        AddSide(line, 1, next_);
+        current_ = to;
+    }
+}
+
+void Stroker::BeginCurve(Point heading) {
+    AddSide(heading, 0, next_);
+    next_ = Meeting::kSmooth;
+}
+
+void Stroker::EndCurve(Point heading) {
+    AddSide(heading, 0, next_);
+    next_ = Meeting::kCorner;
+}
+
+// A side from the current point, as many times as long as the line. There is none where the line leads nowhere, or the
+// matrix is so nearly singular that there is no telling of directions.
+void Stroker::AddSide(Point line, double times, Meeting meeting) {
+    const Point inUserSpace = pen_.matrix.UnmapDistance(line);
+    const double length = std::sqrt(Dot(inUserSpace, inUserSpace));
+    if (length > 0 && std::isfinite(length)) {
+        sides_.push_back({current_, (1 / length) * inUserSpace, times * length, meeting});
     }
 }
 
 void Stroker::Close() {
-    hasLines_ = true;
+    Line(start_);
     EndSubPath(true);
+    isBegun_ = true;
 }
 
 void Stroker::EndSubPath(bool isClosed) {
-    if (corners_.empty()) {
-        return;
-    }
-    if (isClosed) {
-        const Corner first = corners_.front();
-        Line(first.at, Vertex::kCorner);
-        if (corners_.size() > 1) {
-            corners_.pop_back();
+    if (sides_.empty()) {
+        if (isBegun_ && hasLines_) {
+            StrokeDot();
         }
+    } else if (isClosed) {
+        StrokeClosed();
+    } else {
+        StrokeOpen();
     }
-    if (!hasLines_) {
-        // a lone move
-    } else if (corners_.size() == 1) {
-        StrokeDot();
-    } else if (MeasureSides(isClosed)) {
-        if (isClosed) {
-            StrokeClosed();
-        } else {
-            StrokeOpen();
-        }
-    }
-    corners_.clear();
+    sides_.clear();
+    current_ = start_;
+    next_ = Meeting::kCorner;
+    hasLines_ = false;
 }
 
 void Stroker::StrokeDot() {
-    if (pen_.cap == Cap::kButt) {
-        return;
+    if (pen_.cap != Cap::kButt) {
+        const Point along = {1, 0};
+        MoveTo(start_, Offset(along));
+        AddCap(start_, along);
+        AddCap(start_, -along);
+        outline_.Close();
     }
-    const Side along = {{1, 0}, 0};
-    const Side back = {{-1, 0}, 0};
-    const Point at = corners_.front().at;
-    MoveTo(at, Offset(along));
-    AddCap(at, along);
-    AddCap(at, back);
-    outline_.Close();
-}
-
-// False where the matrix is so nearly singular that there is no telling of directions.
-bool Stroker::MeasureSides(bool isClosed) {
-    sides_.clear();
-    const std::size_t count = corners_.size() - (isClosed ? 0 : 1);
-    for (std::size_t i = 0; i < count; ++i) {
-        const Point line = pen_.matrix.UnmapDistance(corners_[(i + 1) % corners_.size()].at - corners_[i].at);
-        const double length = std::sqrt(Dot(line, line));
-        if (!(length > 0) || !std::isfinite(length)) {
-            return false;
-        }
-        sides_.push_back({(1 / length) * line, length});
-    }
-    return true;
 }
 
 void Stroker::StrokeOpen() {
-    const auto reversed = [](const Side& side) { return Side{-side.along, side.length}; };
-    const std::size_t last = sides_.size() - 1;
-    MoveTo(corners_.front().at, Offset(sides_.front()));
-    for (std::size_t i = 1; i <= last; ++i) {
-        AddCorner(corners_[i], sides_[i - 1], sides_[i]);
+    MoveTo(start_, Offset(sides_.front().along));
+    for (std::size_t i = 1; i < sides_.size(); ++i) {
+        AddMeeting(sides_[i - 1], sides_[i], false);
     }
-    LineTo(corners_.back().at, Offset(sides_.back()));
-    AddCap(corners_.back().at, sides_.back());
-    for (std::size_t i = last; i >= 1; --i) {
-        AddCorner(corners_[i], reversed(sides_[i]), reversed(sides_[i - 1]));
+    LineTo(current_, Offset(sides_.back().along));
+    AddCap(current_, sides_.back().along);
+    for (std::size_t i = sides_.size() - 1; i > 0; --i) {
+        AddMeeting(sides_[i - 1], sides_[i], true);
     }
-    LineTo(corners_.front().at, -Offset(sides_.front()));
-    AddCap(corners_.front().at, reversed(sides_.front()));
+    LineTo(start_, -Offset(sides_.front().along));
+    AddCap(start_, -sides_.front().along);
     outline_.Close();
 }
 
 void Stroker::StrokeClosed() {
-    const auto reversed = [](const Side& side) { return Side{-side.along, side.length}; };
-    const std::size_t count = corners_.size();
-    MoveTo(corners_.front().at, Offset(sides_.back()));
+    const std::size_t count = sides_.size();
+    MoveTo(start_, Offset(sides_.back().along));
     for (std::size_t i = 0; i < count; ++i) {
-        AddCorner(corners_[i], sides_[(i + count - 1) % count], sides_[i]);
-        LineTo(corners_[(i + 1) % count].at, Offset(sides_[i]));
+        AddMeeting(sides_[(i + count - 1) % count], sides_[i], false);
     }
     outline_.Close();
-    MoveTo(corners_.front().at, -Offset(sides_.front()));
+    MoveTo(start_, -Offset(sides_.front().along));
     for (std::size_t i = count; i-- > 0;) {
-        const std::size_t next = (i + 1) % count;
-        AddCorner(corners_[next], reversed(sides_[next]), reversed(sides_[i]));
-        LineTo(corners_[i].at, -Offset(sides_[i]));
+        AddMeeting(sides_[i], sides_[(i + 1) % count], true);
     }
     outline_.Close();
 }
 
 // From one side of a line's end to the other.
-void Stroker::AddCap(Point corner, const Side& into) {
-    const Point offset = Offset(into);
-    const Point beyond = halfWidth_ * into.along;
+void Stroker::AddCap(Point end, Point along) {
+    const Point offset = Offset(along);
+    const Point beyond = halfWidth_ * along;
     switch (pen_.cap) {
     case Cap::kButt:
         break;
     case Cap::kRound:
-        AddArc(corner, offset, beyond, kDeepestArc);
-        AddArc(corner, beyond, -offset, kDeepestArc);
+        AddArc(end, offset, beyond, kDeepestArc);
+        AddArc(end, beyond, -offset, kDeepestArc);
         break;
     case Cap::kSquare:
-        LineTo(corner, offset + beyond);
-        LineTo(corner, beyond - offset);
+        LineTo(end, offset + beyond);
+        LineTo(end, beyond - offset);
         break;
     }
-    LineTo(corner, -offset);
+    LineTo(end, -offset);
 }
 
-// On the side of the offsets, which is the outer one where the lines turn away from it; where they turn back, both are.
-void Stroker::AddCorner(const Corner& corner, const Side& from, const Side& to) {
-    LineTo(corner.at, Offset(from));
-    const double turn = Cross(from.along, to.along);
-    if (turn < 0 || (turn == 0 && Dot(from.along, to.along) < 0)) {
-        AddOuterCorner(corner, from, to);
-    } else {
-        AddInnerCorner(corner, from, to);
+// Where the second side meets the first, on the side of the offsets: the outer one where the lines turn away from it.
+// Where they turn back on themselves, both are.
+void Stroker::AddMeeting(const Side& first, const Side& second, bool isBackwards) {
+    const Point from = isBackwards ? -second.along : first.along;
+    const Point to = isBackwards ? -first.along : second.along;
+    const Point corner = second.start;
+    if (IsNearlyStraight(first, second)) {
+        const Point along = from + to;
+        LineTo(corner, Offset((1 / std::sqrt(Dot(along, along))) * along));
+        return;
     }
-    LineTo(corner.at, Offset(to));
-}
-
-// Where both lines are long enough, what the way through the corner would go around lies within both of them.
-void Stroker::AddInnerCorner(const Corner& corner, const Side& from, const Side& to) {
-    const bool isBehind = Dot(from.along, to.along) < 0;
-    const double reach = halfWidth_ * Cross(from.along, to.along);
-    if (isBehind || reach > std::min(from.length, to.length)) {
-        outline_.Line(corner.at);
+    LineTo(corner, Offset(from));
+    const double turn = Cross(from, to);
+    if (turn < 0 || (turn == 0 && Dot(from, to) < 0)) {
+        AddOuterCorner(corner, from, to, second.meeting == Meeting::kSmooth ? Join::kRound : pen_.join);
+    } else if (MustPassCorner(first, second)) {
+        outline_.Line(corner);
     }
+    LineTo(corner, Offset(to));
 }
 
-void Stroker::AddOuterCorner(const Corner& corner, const Side& from, const Side& to) {
-    const Join join = corner.vertex == Vertex::kSmooth ? Join::kRound : pen_.join;
-    const double cosine = Dot(from.along, to.along);
+// One point will do where the arc between two is as good as its chord, and the inner sides meet.
+bool Stroker::IsNearlyStraight(const Side& from, const Side& to) const {
+    return to.meeting == Meeting::kSmooth && Dot(from.along, to.along) >= std::max(flatCosine_, 0.5) &&
+           !MustPassCorner(from, to);
+}
+
+// On the inner side. Where both lines are long enough, what the way through the corner would go around lies within
+// both.
+bool Stroker::MustPassCorner(const Side& from, const Side& to) const {
+    return Dot(from.along, to.along) < 0 ||
+           halfWidth_ * std::abs(Cross(from.along, to.along)) > std::min(from.length, to.length);
+}
+
+void Stroker::AddOuterCorner(Point corner, Point from, Point to, Join join) {
+    const double cosine = Dot(from, to);
     if (join == Join::kRound) {
-        AddRoundCorner(corner.at, from, to);
+        AddRoundCorner(corner, from, to);
     } else if (join == Join::kMiter && (1 + cosine) * kMiterLimit * kMiterLimit >= 2) {
-        LineTo(corner.at, (1 / (1 + cosine)) * (Offset(from) + Offset(to)));
+        LineTo(corner, (1 / (1 + cosine)) * (Offset(from) + Offset(to)));
     }
 }
 
-void Stroker::AddRoundCorner(Point corner, const Side& from, const Side& to) {
-    if (Dot(from.along, to.along) >= 0) {
+void Stroker::AddRoundCorner(Point corner, Point from, Point to) {
+    if (Dot(from, to) >= 0) {
         AddArc(corner, Offset(from), Offset(to), kDeepestArc);
         return;
     }
-    const Point apart = from.along - to.along;
+    const Point apart = from - to;
     const Point middle = (halfWidth_ / std::sqrt(Dot(apart, apart))) * apart;
     AddArc(corner, Offset(from), middle, kDeepestArc);
     AddArc(corner, middle, Offset(to), kDeepestArc);

@@ -39,44 +39,51 @@ public:
 
     // As Flatten tells of a path
     void Move(Point to);
-    void Line(Point to, Vertex vertex);
+    void Line(Point to);
+    void BeginCurve(Point heading);
+    void EndCurve(Point heading);
     void Close();
 
 private:
-    struct Corner {
-        Point at; ///< In device space.
-        Vertex vertex;
-    };
-    /// A line from a corner to the next.
+    /// How a side meets the one before it: in a corner of the path, or within a curve.
+    enum class Meeting { kCorner, kSmooth };
+
+    /// A line of the path. At the ends of curves are sides without length, which head where the curve does.
     struct Side {
+        Point start;   ///< In device space.
         Point along;   ///< Of length 1, in user space.
         double length; ///< In user space.
+        Meeting meeting;
     };
 
+    void AddSide(Point line, double times, Meeting meeting);
     void EndSubPath(bool isClosed);
     void StrokeDot();
     void StrokeOpen();
     void StrokeClosed();
-    bool MeasureSides(bool isClosed);
 
-    Point Offset(const Side& side) const { return {-halfWidth_ * side.along.y, halfWidth_ * side.along.x}; }
+    /// To the side of a line along a direction.
+    Point Offset(Point along) const { return {-halfWidth_ * along.y, halfWidth_ * along.x}; }
     void LineTo(Point corner, Point offset) { outline_.Line(corner + pen_.matrix.MapDistance(offset)); }
     void MoveTo(Point corner, Point offset) { outline_.Move(corner + pen_.matrix.MapDistance(offset)); }
-    void AddCap(Point corner, const Side& into);
-    void AddCorner(const Corner& corner, const Side& from, const Side& to);
-    void AddInnerCorner(const Corner& corner, const Side& from, const Side& to);
-    void AddOuterCorner(const Corner& corner, const Side& from, const Side& to);
+    void AddCap(Point end, Point along);
+    void AddMeeting(const Side& from, const Side& to, bool isBackwards);
+    bool IsNearlyStraight(const Side& from, const Side& to) const;
+    bool MustPassCorner(const Side& from, const Side& to) const;
+    void AddOuterCorner(Point corner, Point from, Point to, Join join);
+    void AddRoundCorner(Point corner, Point from, Point to);
     void AddArc(Point corner, Point from, Point to, int depth);
-    void AddRoundCorner(Point corner, const Side& from, const Side& to);
 
     Pen pen_;
     Outline& outline_;
     double halfWidth_;
     double flatness_;
-    double flatCosine_; // of the angle of a chord that is as good as its arc
-    bool hasLines_ = false;
-    std::vector<Corner> corners_;
-    std::vector<Side> sides_;
+    double flatCosine_;       // of the angle of a chord that is as good as its arc
+    std::vector<Side> sides_; // of the sub-path
+    Point start_ = {}, current_ = {};
+    Meeting next_ = Meeting::kCorner;
+    bool isBegun_ = false;
+    bool hasLines_ = false; // if only such that lead nowhere
 };
 
 } // namespace tn::vec

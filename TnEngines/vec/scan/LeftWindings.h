@@ -12,6 +12,10 @@ namespace tn::vec {
 /// Heights and areas within a row are counted in these parts of a pixel.
 inline constexpr std::int32_t kWhole = 1 << 14;
 
+struct WindingRange {
+    std::int64_t least, greatest;
+};
+
 /// The winding along the left side of a pixel: one number at the row's top, and changes on the way down.
 class LeftWindings {
 public:
@@ -35,16 +39,19 @@ public:
     const std::vector<Change>& Changes() const { return changes_; }
     bool IsLevel() const { return changes_.empty(); }
 
-    /// At a height that is not that of a change.
-    std::int64_t At(std::int32_t height) const {
+    /// The windings between two heights.
+    WindingRange Between(std::int32_t top, std::int32_t bottom) const {
         std::int64_t winding = atTop_;
-        for (const Change& change : changes_) {
-            if (change.height > height) {
-                break;
-            }
-            winding += change.by;
+        auto change = changes_.begin();
+        for (; change != changes_.end() && change->height <= top; ++change) {
+            winding += change->by;
         }
-        return winding;
+        WindingRange range = {winding, winding};
+        for (; change != changes_.end() && change->height < bottom; ++change) {
+            winding += change->by;
+            range = {std::min(range.least, winding), std::max(range.greatest, winding)};
+        }
+        return range;
     }
 
     /// How much of the height is inside, of kWhole.

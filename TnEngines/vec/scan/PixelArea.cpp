@@ -11,106 +11,113 @@ namespace {
 constexpr double kLeastHeight = 1.0 / 4096;
 constexpr int kMostCuts = 512;
 
-double XAt(const Edge& edge, double height) {
-    if (edge.xTop == edge.xBottom) {
-        return edge.xTop;
+// What is nearly sorted or short.
+template <class Item, class IsBefore> void SortByInsertion(Item* begin, Item* end, const IsBefore& isBefore) {
+    for (Item* next = begin; next < end; ++next) {
+        const Item item = *next;
+        Item* place = next;
+        for (; place > begin && isBefore(item, place[-1]); --place) {
+            *place = place[-1];
+        }
+        *place = item;
     }
-    return edge.xTop + (edge.xBottom - edge.xTop) * ((height - edge.top) / (edge.bottom - edge.top));
 }
-
-double HeightAt(const Edge& edge, double x) {
-    const double height = edge.top + (edge.bottom - edge.top) * ((x - edge.xTop) / (edge.xBottom - edge.xTop));
-    return std::clamp(height, edge.top, edge.bottom);
-}
-
-double HeightOf(const LeftWindings::Change& change) { return static_cast<double>(change.height) / kWhole; }
 
 // Where both lie in one order at the top and in the other at the bottom, as a part of the height; otherwise 0.
 template <class Crossing> double WhereTheyCross(const Crossing& a, const Crossing& b) {
     const double top = b.xTop - a.xTop;
     const double bottom = b.xBottom - a.xBottom;
-    if ((top < 0 && bottom > 0) || (top > 0 && bottom < 0)) {
-        return top / (top - bottom);
-    }
-    return 0;
+    return top * bottom < 0 ? top / (top - bottom) : 0;
 }
 
 } // namespace
 
-// What is to the left lies along the left side, where it still winds around the pixel; what is to the right does not.
+// What is to the left still winds around the pixel; what is to the right does not.
 void PixelArea::Add(const Edge& edge) {
     const auto [least, greatest] = std::minmax(edge.xTop, edge.xBottom);
     if (least >= 0 && greatest <= 1) {
-        edges_.push_back(edge);
+        AddWithin(edge.top, edge.bottom, edge.xTop, edge.xBottom, edge.direction);
         return;
     }
-    if (greatest <= 0 || least >= 1) {
-        AddPart(edge, edge.top, edge.bottom);
+    if (greatest <= 0) {
+        AddToTheLeft(edge.top, edge.bottom, edge.direction);
         return;
     }
-    const double nearer = edge.xTop < edge.xBottom ? std::max(edge.xTop, 0.0) : std::min(edge.xTop, 1.0);
-    const double farther = edge.xTop < edge.xBottom ? std::min(edge.xBottom, 1.0) : std::max(edge.xBottom, 0.0);
-    const double enter = nearer == edge.xTop ? edge.top : HeightAt(edge, nearer);
-    const double leave = farther == edge.xBottom ? edge.bottom : HeightAt(edge, farther);
-    AddPart(edge, edge.top, enter);
-    if (enter < leave) {
-        edges_.push_back({enter, leave, nearer, farther, edge.direction});
+    if (least >= 1) {
+        return;
     }
-    AddPart(edge, leave, edge.bottom);
+    const double slope = (edge.bottom - edge.top) / (edge.xBottom - edge.xTop);
+    const double xTop = std::clamp(edge.xTop, 0.0, 1.0);
+    const double xBottom = std::clamp(edge.xBottom, 0.0, 1.0);
+    const auto heightAt = [&](double x) {
+        return std::clamp(edge.top + slope * (x - edge.xTop), edge.top, edge.bottom);
+    };
+    const double enter = xTop == edge.xTop ? edge.top : heightAt(xTop);
+    const double leave = xBottom == edge.xBottom ? edge.bottom : heightAt(xBottom);
+    if (edge.xTop < 0) {
+        AddToTheLeft(edge.top, enter, edge.direction);
+    }
+    AddWithin(enter, leave, xTop, xBottom, edge.direction);
+    if (edge.xBottom < 0) {
+        AddToTheLeft(leave, edge.bottom, edge.direction);
+    }
 }
 
-void PixelArea::AddPart(const Edge& edge, double top, double bottom) {
-    if (top < bottom && XAt(edge, (top + bottom) / 2) <= 0) {
-        edges_.push_back({top, bottom, 0, 0, edge.direction});
+void PixelArea::AddWithin(double top, double bottom, double xTop, double xBottom, std::int32_t direction) {
+    if (top < bottom) {
+        edges_.push_back({top, bottom, xTop, (xBottom - xTop) / (bottom - top), direction});
+        heights_.push_back({top, 0});
+        heights_.push_back({bottom, 0});
     }
+}
+
+void PixelArea::AddToTheLeft(double top, double bottom, std::int32_t direction) {
+    heights_.push_back({top, direction});
+    heights_.push_back({bottom, -direction});
 }
 
 double PixelArea::Inside(const LeftWindings& left, FillRule rule) {
-    return edges_.size() <= kMostExact ? Exact(left, rule) : Counted(left, rule);
-}
-
-void PixelArea::CollectHeights(const LeftWindings& left) {
-    heights_.assign({0.0, 1.0});
-    for (const Edge& edge : edges_) {
-        heights_.push_back(edge.top);
-        heights_.push_back(edge.bottom);
-    }
     for (const LeftWindings::Change& change : left.Changes()) {
-        heights_.push_back(HeightOf(change));
+        heights_.push_back({static_cast<double>(change.height) / kWhole, change.by});
     }
-    std::ranges::sort(heights_);
+    heights_.push_back({1, 0});
+    SortHeights();
+    return edges_.size() <= kMostExact ? std::clamp(Exact(left.AtTop(), rule), 0.0, 1.0) : Counted(left.AtTop(), rule);
 }
 
-double PixelArea::Exact(const LeftWindings& left, FillRule rule) {
-    CollectHeights(left);
+void PixelArea::SortHeights() {
+    const auto isAbove = [](const Height& a, const Height& b) { return a.at < b.at; };
+    if (heights_.size() > 2 * kMostExact) {
+        std::ranges::sort(heights_, isAbove);
+    } else {
+        SortByInsertion(heights_.data(), heights_.data() + heights_.size(), isAbove);
+    }
+}
+
+double PixelArea::Exact(std::int64_t winding, FillRule rule) {
+    std::array<Crossing, kMostExact> crossings;
     cutsLeft_ = kMostCuts;
     double inside = 0;
-    auto change = left.Changes().begin();
-    std::int64_t winding = left.AtTop();
-    for (std::size_t i = 1; i < heights_.size(); ++i) {
-        const double top = heights_[i - 1];
-        const double bottom = heights_[i];
-        if (top >= bottom) {
-            continue;
-        }
-        for (; change != left.Changes().end() && HeightOf(*change) <= top; ++change) {
-            winding += change->by;
-        }
-        crossings_.clear();
-        for (const Edge& edge : edges_) {
-            if (edge.top <= top && edge.bottom >= bottom) {
-                crossings_.push_back({XAt(edge, top), XAt(edge, bottom), edge.direction});
+    double top = 0;
+    for (const Height& height : heights_) {
+        const double bottom = height.at;
+        if (top < bottom) {
+            Crossing* end = crossings.data();
+            for (const Line& edge : edges_) {
+                if (edge.top <= top && edge.bottom >= bottom) {
+                    *end++ = {edge.At(top), edge.At(bottom), edge.direction};
+                }
             }
+            inside += SlabInside(crossings.data(), end, bottom - top, winding, rule);
+            top = bottom;
         }
-        inside += SlabInside(crossings_.data(), crossings_.data() + crossings_.size(), bottom - top, winding, rule);
+        winding += height.by;
     }
-    return std::clamp(inside, 0.0, 1.0);
+    return inside;
 }
 
-// Between edges that do not cross, areas are trapezoids.
 double PixelArea::SlabInside(Crossing* begin, Crossing* end, double height, std::int64_t winding, FillRule rule) {
-    const auto middle = [](const Crossing& crossing) { return crossing.xTop + crossing.xBottom; };
-    std::sort(begin, end, [=](const Crossing& a, const Crossing& b) { return middle(a) < middle(b); });
+    SortByInsertion(begin, end, [](const Crossing& a, const Crossing& b) { return a.Middle() < b.Middle(); });
     if (height > kLeastHeight && cutsLeft_ > 0) {
         for (Crossing* next = begin + 1; next < end; ++next) {
             const double part = WhereTheyCross(next[-1], next[0]);
@@ -121,10 +128,10 @@ double PixelArea::SlabInside(Crossing* begin, Crossing* end, double height, std:
     }
     double sum = 0; // of both widths
     double from = 0;
-    for (const Crossing* each = begin; each != end; ++each) {
-        sum += IsInside(winding, rule) ? middle(*each) - from : 0;
+    for (const Crossing* each = begin; each < end; ++each) {
+        sum += IsInside(winding, rule) ? each->Middle() - from : 0;
         winding += each->direction;
-        from = middle(*each);
+        from = each->Middle();
     }
     sum += IsInside(winding, rule) ? 2 - from : 0;
     return sum / 2 * height;
@@ -148,22 +155,26 @@ double PixelArea::CutSlabInside(Crossing* begin, Crossing* crossed, Crossing* en
     return upper + SlabInside(lower, lowerEnd, height * (1 - part), winding, rule);
 }
 
-double PixelArea::Counted(const LeftWindings& left, FillRule rule) const {
+double PixelArea::Counted(std::int64_t winding, FillRule rule) const {
     constexpr int kLines = 64;
     std::int64_t inside = 0;
+    auto next = heights_.begin();
     for (int line = 0; line < kLines; ++line) {
         const double height = (line + 0.5) / kLines;
+        for (; next != heights_.end() && next->at <= height; ++next) {
+            winding += next->by;
+        }
         std::array<std::int64_t, kLines + 1> turns = {};
-        for (const Edge& edge : edges_) {
+        for (const Line& edge : edges_) {
             if (edge.top <= height && height < edge.bottom) {
-                const double x = std::ceil(XAt(edge, height) * kLines - 0.5);
-                turns[static_cast<std::size_t>(std::clamp(x, 0.0, 1.0 * kLines))] += edge.direction;
+                const double place = std::ceil(edge.At(height) * kLines - 0.5);
+                turns[static_cast<std::size_t>(std::clamp(place, 0.0, 1.0 * kLines))] += edge.direction;
             }
         }
-        std::int64_t winding = left.At(static_cast<std::int32_t>(height * kWhole));
+        std::int64_t here = winding;
         for (int i = 0; i < kLines; ++i) {
-            winding += turns[static_cast<std::size_t>(i)];
-            inside += IsInside(winding, rule) ? 1 : 0;
+            here += turns[static_cast<std::size_t>(i)];
+            inside += IsInside(here, rule) ? 1 : 0;
         }
     }
     return static_cast<double>(inside) / (kLines * kLines);

@@ -17,9 +17,15 @@ struct Edge {
     std::int32_t direction; ///< 1 where the outline goes down along it, -1 where it goes up.
 };
 
+/// Cuts the pixel into slabs at the ends of all edges and where they cross. In a slab edges lie side by side, so that
+/// the areas between them are trapezoids.
 class PixelArea {
 public:
-    void Clear() { edges_.clear(); }
+    /// Begins a pixel.
+    void Clear() {
+        edges_.clear();
+        heights_.clear();
+    }
 
     /// Adds an edge, which may lie partly or wholly beside the pixel; x is from the pixel's left side.
     void Add(const Edge& edge);
@@ -31,24 +37,37 @@ public:
     static constexpr std::size_t kMostExact = 24;
 
 private:
-    /// An edge within a slab between two heights.
+    /// A height at which a slab ends, and how the winding along the left side changes there.
+    struct Height {
+        double at;
+        std::int64_t by;
+    };
+    struct Line {
+        double top, bottom;
+        double xTop, slope;
+        std::int32_t direction;
+
+        double At(double height) const { return xTop + (height - top) * slope; }
+    };
+    /// A line within a slab.
     struct Crossing {
         double xTop, xBottom;
         std::int32_t direction;
-    };
-    using Crossings = std::vector<Crossing>;
 
-    void AddPart(const Edge& edge, double top, double bottom);
-    void CollectHeights(const LeftWindings& left);
-    double Exact(const LeftWindings& left, FillRule rule);
+        double Middle() const { return xTop + xBottom; } ///< Twice the mean.
+    };
+
+    void AddWithin(double top, double bottom, double xTop, double xBottom, std::int32_t direction);
+    void AddToTheLeft(double top, double bottom, std::int32_t direction);
+    void SortHeights();
+    double Exact(std::int64_t winding, FillRule rule);
     double SlabInside(Crossing* begin, Crossing* end, double height, std::int64_t winding, FillRule rule);
     double CutSlabInside(Crossing* begin, Crossing* crossed, Crossing* end, double part, double height,
                          std::int64_t winding, FillRule rule);
-    double Counted(const LeftWindings& left, FillRule rule) const;
+    double Counted(std::int64_t winding, FillRule rule) const;
 
-    std::vector<Edge> edges_;
-    std::vector<double> heights_;
-    Crossings crossings_;
+    std::vector<Line> edges_;
+    std::vector<Height> heights_;
     int cutsLeft_ = 0;
 };
 

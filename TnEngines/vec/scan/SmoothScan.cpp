@@ -40,11 +40,10 @@ void SmoothScan::Prepare(const Outline& outline) {
     waiting_.clear();
     for (const Chain& chain : outline.Chains()) {
         if (points_[chain.last].y > box_.top && points_[chain.first].y < box_.bottom) {
-            waiting_.push_back(chain);
+            waiting_.push_back({RowOf(chain), chain});
         }
     }
-    std::sort(waiting_.begin(), waiting_.end(),
-              [this](const Chain& a, const Chain& b) { return points_[a.first].y > points_[b.first].y; });
+    std::sort(waiting_.begin(), waiting_.end(), [](const Waiting& a, const Waiting& b) { return a.row > b.row; });
     y_ = box_.top;
 }
 
@@ -69,14 +68,14 @@ void SmoothScan::Enter(const Chain& chain) {
 }
 
 void SmoothScan::EnterChainsOf(std::int32_t row) {
-    for (; !waiting_.empty() && RowOf(waiting_.back()) <= row; waiting_.pop_back()) {
-        Enter(waiting_.back());
+    for (; !waiting_.empty() && waiting_.back().row <= row; waiting_.pop_back()) {
+        Enter(waiting_.back().chain);
     }
 }
 
 void SmoothScan::RunRow(CoverageSink& sink) {
     if (entries_.empty()) {
-        y_ = RowOf(waiting_.back());
+        y_ = waiting_.back().row;
     }
     EnterChainsOf(y_);
     const std::int32_t rows = EqualRows();
@@ -100,7 +99,7 @@ void SmoothScan::RunRow(CoverageSink& sink) {
 
 // From the row on, as long as all chains go straight down and no other enters.
 std::int32_t SmoothScan::EqualRows() const {
-    double until = waiting_.empty() ? box_.bottom : RowOf(waiting_.back());
+    double until = waiting_.empty() ? box_.bottom : waiting_.back().row;
     for (const Entry& entry : entries_) {
         const ChainPlace& place = active_[entry.chain].place;
         if (!place.IsVertical() || place.Y() > y_) {
@@ -203,20 +202,31 @@ void SmoothScan::CoverShared(Entries entries, std::int32_t last) {
     }
 }
 
-// Between any two points of a pixel the winding changes at most once for each chain in it and each change to its left,
-// so that the mean of all is no further than that from any.
+// Where windings differ by one at most, the areas beside the edges cannot but add up. Where none is 0, all is covered.
 std::uint8_t SmoothScan::SharedCoverage(std::int32_t x) {
-    if (left_.IsLevel() && sharing_.size() <= 1) {
+    const WindingRange range = WindingsWithin();
+    if (range.greatest - range.least <= 1) {
         return SumCoverage();
     }
-    std::int64_t greatestChange = static_cast<std::int64_t>(sharing_.size());
-    for (const LeftWindings::Change& change : left_.Changes()) {
-        greatestChange += std::abs(change.by);
-    }
-    if (rule_ == FillRule::kNonZero && std::abs(sum_) > greatestChange * kWhole) {
+    if (rule_ == FillRule::kNonZero && (range.least > 0 || range.greatest < 0)) {
         return kCovered;
     }
     return AreaCoverage(x);
+}
+
+// However the chains may lie; a single one can only lie where it goes down.
+WindingRange SmoothScan::WindingsWithin() const {
+    WindingRange range = left_.Between(0, kWhole);
+    if (sharing_.size() == 1) {
+        const ActiveChain& chain = *sharing_.front();
+        const WindingRange beside = left_.Between(chain.top, chain.bottom);
+        return {std::min(range.least, beside.least + chain.direction),
+                std::max(range.greatest, beside.greatest + chain.direction)};
+    }
+    for (const ActiveChain* const chain : sharing_) {
+        (chain->direction < 0 ? range.least : range.greatest) += chain->direction;
+    }
+    return range;
 }
 
 std::uint8_t SmoothScan::AreaCoverage(std::int32_t x) {

@@ -34,6 +34,11 @@ private:
         std::int32_t top, bottom; ///< Its heights in the row.
     };
 
+    struct Waiting {
+        std::int32_t row; ///< In which it enters.
+        Chain chain;
+    };
+
     /// A chain that runs through the row, by its place among the active ones.
     struct Entry {
         std::int32_t first; ///< Its first pixel.
@@ -52,6 +57,7 @@ private:
     void CoverRow();
     void CoverShared(Entries entries, std::int32_t last);
     std::uint8_t SharedCoverage(std::int32_t x);
+    WindingRange WindingsWithin() const;
     std::uint8_t AreaCoverage(std::int32_t x);
     void CoverLevel(std::int32_t until);
     std::uint8_t SumCoverage() const;
@@ -61,7 +67,7 @@ private:
     const Point* points_ = nullptr;
     FillRule rule_ = FillRule::kNonZero;
     Box box_;
-    std::vector<Chain> waiting_; // those that enter first come last
+    std::vector<Waiting> waiting_; // those that enter first come last
     std::vector<ActiveChain> active_;
     std::vector<std::uint32_t> free_;
     std::vector<Entry> entries_;
