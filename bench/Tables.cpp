@@ -1,5 +1,7 @@
 #include "Tables.h"
 
+#include "ColumnTable.h"
+
 #include <algorithm>
 #include <cstdio>
 
@@ -7,14 +9,6 @@ namespace tn::bench {
 namespace {
 
 using Levels = std::vector<ProcessorLevel>;
-using Cells = std::vector<std::string>;
-
-void PrintRow(const Cells& cells) {
-    for (const std::string& cell : cells) {
-        std::printf("| %s ", cell.c_str());
-    }
-    std::printf("|\n");
-}
 
 Cells Heading(const Levels& levels) {
     Cells cells = {"work"};
@@ -27,17 +21,6 @@ Cells Heading(const Levels& levels) {
     }
     cells.emplace_back("limit");
     return cells;
-}
-
-std::string Number(const char* format, double number) {
-    char text[32];
-    std::snprintf(text, sizeof(text), format, number);
-    return text;
-}
-
-/// A ratio past its limit is bold.
-std::string Ratio(double ratio, const std::optional<double>& limit) {
-    return Number(limit && ratio > *limit ? "**%.2f**" : "%.2f", ratio);
 }
 
 /// What was measured of one comparison: a line for each rival, the first of which tells ours; without rivals one line.
@@ -97,7 +80,7 @@ private:
         for (const ProcessorLevel level : levels_) {
             cells.push_back(Ratio(*Ours(level) / *Its(rival, level), rival.limit));
         }
-        cells.push_back(rival.limit ? Number("%.2f", *rival.limit) : "");
+        cells.push_back(Limit(rival.limit));
         return cells;
     }
 
@@ -105,6 +88,21 @@ private:
     const Levels& levels_;
     const BestTime& bestTime_;
 };
+
+std::vector<Cells> LinesOf(const Section& section, const Levels& levels, const BestTime& bestTime) {
+    std::vector<Cells> lines;
+    for (const Comparison& comparison : section.comparisons) {
+        Lines(comparison, levels, bestTime).AppendTo(lines);
+    }
+    return lines;
+}
+
+void PrintTitled(const std::string& title, const Cells& heading, const std::vector<Cells>& lines) {
+    if (!lines.empty()) {
+        std::printf("\n### %s\n\n", title.c_str());
+        PrintTable(heading, lines);
+    }
+}
 
 } // namespace
 
@@ -115,18 +113,12 @@ std::string OursName(const std::string& comparison, ProcessorLevel level) {
 std::string RivalName(const Comparison& comparison, const Rival& rival) { return comparison.name + "/" + rival.name; }
 
 void PrintSection(const Section& section, const Levels& levels, const BestTime& bestTime) {
-    std::vector<Cells> lines;
-    for (const Comparison& comparison : section.comparisons) {
-        Lines(comparison, levels, bestTime).AppendTo(lines);
+    if (section.layout == Layout::kColumns) {
+        const ColumnTable table(section, levels, bestTime);
+        PrintTitled(section.title, table.Heading(), table.Lines());
+    } else {
+        PrintTitled(section.title, Heading(levels), LinesOf(section, levels, bestTime));
     }
-    if (lines.empty()) {
-        return;
-    }
-    std::printf("\n### %s\n\n", section.title.c_str());
-    const Cells heading = Heading(levels);
-    PrintRow(heading);
-    PrintRow(Cells(heading.size(), "---"));
-    std::ranges::for_each(lines, PrintRow);
 }
 
 } // namespace tn::bench

@@ -2,18 +2,38 @@
 #include "Tables.h"
 #include "peers/Peers.h"
 
+#include "TnEngines/vec/paint/Levels.h"
 #include "TnGraphics/rows/RowKernels.h"
 
 #include <algorithm>
 #include <benchmark/benchmark.h>
+#include <iterator>
 #include <map>
 
 namespace tn::bench {
 namespace {
 
+vec::Level ForEngine(ProcessorLevel level) {
+    switch (level) {
+    case ProcessorLevel::kAvx512:
+        return vec::Level::kAvx512;
+    case ProcessorLevel::kAvx2:
+        return vec::Level::kAvx2;
+    case ProcessorLevel::kBaseline:
+    case ProcessorLevel::kPortable:
+        break;
+    }
+    return vec::Level::kBaseline;
+}
+
+void UseLevel(ProcessorLevel level) {
+    ForceLevel(level);
+    vec::ForceLevel(ForEngine(level));
+}
+
 void Register(const std::string& name, const Work& work, ProcessorLevel level) {
     benchmark::RegisterBenchmark(name.c_str(), [work, level](benchmark::State& state) {
-        ForceLevel(level);
+        UseLevel(level);
         for (auto unused : state) {
             static_cast<void>(unused);
             work();
@@ -64,11 +84,17 @@ std::vector<ProcessorLevel> MeasuredLevels() {
     return levels;
 }
 
+std::vector<Section> AllSections() {
+    std::vector<Section> sections = {FillComparisons(),        WalkComparisons(),        CopyComparisons(),
+                                     BlendComparisons(),       OperatorComparisons(),    TransformComparisons(),
+                                     AlphaFilterComparisons(), ContentAreaComparisons(), DownSampleComparisons(),
+                                     TextureComparisons()};
+    std::ranges::move(DrawComparisons(), std::back_inserter(sections));
+    return sections;
+}
+
 void Run() {
-    const std::vector<Section> sections = {FillComparisons(),        WalkComparisons(),        CopyComparisons(),
-                                           BlendComparisons(),       OperatorComparisons(),    TransformComparisons(),
-                                           AlphaFilterComparisons(), ContentAreaComparisons(), DownSampleComparisons(),
-                                           TextureComparisons()};
+    const std::vector<Section> sections = AllSections();
     const std::vector<ProcessorLevel> levels = MeasuredLevels();
     for (const Section& section : sections) {
         for (const Comparison& comparison : section.comparisons) {
