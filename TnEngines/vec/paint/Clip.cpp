@@ -84,7 +84,6 @@ void MaskedSink::Cover(std::int32_t top, std::int32_t bottom, const CoverageRow&
         for (const CoverageSpan& span : row.Spans()) {
             AddMasked(span, y);
         }
-        masked_.Finish();
         sink_.Cover(y, y + 1, masked_);
     }
 }

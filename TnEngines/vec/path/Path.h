@@ -21,6 +21,9 @@ class Path {
 public:
     void Clear();
 
+    /// Makes sure of memory for as many more verbs and points.
+    void MakeRoom(std::size_t verbs, std::size_t points);
+
     /// A move right after another takes its place.
     void Move(Point to);
 
@@ -43,7 +46,6 @@ public:
     std::span<const Point> Points() const { return points_; }
 
 private:
-    void MakeRoom(std::size_t verbs, std::size_t points);
     void Begin();
     void Add(Verb verb, Point to);
 

@@ -88,6 +88,10 @@ void Stroker::EndSubPath(bool isClosed) {
     } else {
         StrokeOpen();
     }
+    for (const Point center : discs_) {
+        AddDisc(center);
+    }
+    discs_.clear();
     sides_.clear();
     current_ = start_;
     next_ = Meeting::kCorner;
@@ -104,6 +108,21 @@ void Stroker::StrokeDot() {
     }
 }
 
+void Stroker::AddDisc(Point center) {
+    const Point along = {1, 0};
+    MoveTo(center, Offset(along));
+    AddHalfDisc(center, along);
+    AddHalfDisc(center, -along);
+    outline_.Close();
+}
+
+void Stroker::AddHalfDisc(Point center, Point along) {
+    const Point offset = Offset(along);
+    const Point beyond = halfWidth_ * along;
+    AddArc(center, offset, beyond, kDeepestArc);
+    AddArc(center, beyond, -offset, kDeepestArc);
+}
+
 void Stroker::StrokeOpen() {
     MoveTo(start_, Offset(sides_.front().along));
     for (std::size_t i = 1; i < sides_.size(); ++i) {
@@ -117,6 +136,17 @@ void Stroker::StrokeOpen() {
     LineTo(start_, -Offset(sides_.front().along));
     AddCap(start_, -sides_.front().along);
     outline_.Close();
+    if (pen_.cap == Cap::kRound) {
+        AddDiscBesideShort(start_, sides_.front().length);
+        AddDiscBesideShort(current_, sides_.back().length);
+    }
+}
+
+// Half of a disc is not enough beside a line that does not hold the other half.
+void Stroker::AddDiscBesideShort(Point center, double length) {
+    if (length < halfWidth_) {
+        discs_.push_back(center);
+    }
 }
 
 void Stroker::StrokeClosed() {
@@ -141,8 +171,7 @@ void Stroker::AddCap(Point end, Point along) {
     case Cap::kButt:
         break;
     case Cap::kRound:
-        AddArc(end, offset, beyond, kDeepestArc);
-        AddArc(end, beyond, -offset, kDeepestArc);
+        AddHalfDisc(end, along);
         break;
     case Cap::kSquare:
         LineTo(end, offset + beyond);
@@ -167,6 +196,9 @@ void Stroker::AddMeeting(const Side& first, const Side& second, bool isBackwards
     const double turn = Cross(from, to);
     if (turn < 0 || (turn == 0 && Dot(from, to) < 0)) {
         AddOuterCorner(corner, from, to, second.meeting == Meeting::kSmooth ? Join::kRound : pen_.join);
+        if (pen_.join == Join::kRound && second.meeting == Meeting::kCorner) {
+            AddDiscBesideShort(corner, std::min(first.length, second.length));
+        }
     } else if (MustPassCorner(first, second)) {
         outline_.Line(corner);
     }

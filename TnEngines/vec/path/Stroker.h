@@ -67,6 +67,9 @@ private:
     void LineTo(Point corner, Point offset) { outline_.Line(corner + pen_.matrix.MapDistance(offset)); }
     void MoveTo(Point corner, Point offset) { outline_.Move(corner + pen_.matrix.MapDistance(offset)); }
     void AddCap(Point end, Point along);
+    void AddDisc(Point center);
+    void AddHalfDisc(Point center, Point along);
+    void AddDiscBesideShort(Point center, double length);
     void AddMeeting(const Side& from, const Side& to, bool isBackwards);
     bool IsNearlyStraight(const Side& from, const Side& to) const;
     bool MustPassCorner(const Side& from, const Side& to) const;
@@ -78,8 +81,9 @@ private:
     Outline& outline_;
     double halfWidth_;
     double flatness_;
-    double flatCosine_;       // of the angle of a chord that is as good as its arc
-    std::vector<Side> sides_; // of the sub-path
+    double flatCosine_;        // of the angle of a chord that is as good as its arc
+    std::vector<Side> sides_;  // of the sub-path
+    std::vector<Point> discs_; // to be added after the sub-path
     Point start_ = {}, current_ = {};
     Meeting next_ = Meeting::kCorner;
     bool isBegun_ = false;

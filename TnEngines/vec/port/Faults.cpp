@@ -3,6 +3,9 @@
 #include "TnEngines/abi/kel_procedures.h"
 #include "TnEngines/vec/Runtime.h"
 
+#include <new>
+#include <stdexcept>
+
 namespace tn::vec {
 namespace {
 
@@ -20,6 +23,8 @@ const char* MessageOf(Fault fault) {
         return "coordinate is not a number";
     case Fault::kLineWidth:
         return "line width is not a number";
+    case Fault::kUnexpected:
+        return "unexpected fault";
     }
     return "";
 }
@@ -59,6 +64,18 @@ KelError Faults::Record(Fault fault) {
         made = NewErrorOf(fault);
     }
     return last_ = made;
+}
+
+KelError Faults::RecordCaught() noexcept {
+    try {
+        throw;
+    } catch (const std::bad_alloc&) {
+        return RecordExhaustedMemory();
+    } catch (const std::length_error&) { // of a container that would not fit into memory
+        return RecordExhaustedMemory();
+    } catch (...) {
+        return Record(Fault::kUnexpected);
+    }
 }
 
 } // namespace tn::vec

@@ -15,9 +15,10 @@ enum class Fault : std::int32_t {
     kTarget,         ///< The bitmap is none that can be painted into.
     kNoCurrentPoint, ///< A line or a curve begins nowhere.
     kPoint,          ///< A coordinate is no number.
-    kLineWidth       ///< The width is no number, or infinite.
+    kLineWidth,      ///< The width is no number, or infinite.
+    kUnexpected      ///< Something else went wrong.
 };
-inline constexpr std::size_t kFaults = 5;
+inline constexpr std::size_t kFaults = 6;
 
 /// A new error with one reference, which is the caller's. Null without a runtime that makes errors.
 KelError NewErrorOf(Fault fault);
@@ -37,6 +38,9 @@ public:
 
     KelError Record(Fault fault);
     KelError RecordExhaustedMemory() { return last_ = ExhaustedMemory(); }
+
+    /// Records what is being caught.
+    KelError RecordCaught() noexcept;
 
     /// The last that was recorded, or null.
     KelError Last() const { return last_; }

@@ -16,7 +16,7 @@ Result OnPort(VecPort handle, Result otherwise, const Operation& operation) noex
     try {
         return operation(*port);
     } catch (...) {
-        port->Errors().RecordExhaustedMemory();
+        port->Errors().RecordCaught();
         return otherwise;
     }
 }
@@ -37,7 +37,7 @@ template <class Operation> KelError PaintOnPort(VecPort handle, const Operation&
     try {
         return operation(*port);
     } catch (...) {
-        return port->Errors().RecordExhaustedMemory();
+        return port->Errors().RecordCaught();
     }
 }
 

@@ -97,7 +97,13 @@ void Port::CurveBy(Point distance1, Point distance2, Point distance3) {
     }
 }
 
+bool Port::CanAdd(const VecRect& rect) { return IsSound({rect.left, rect.top}) && IsSound({rect.right, rect.bottom}); }
+
 void Port::AddRect(const VecRect& rect) {
+    if (!CanAdd(rect)) {
+        return;
+    }
+    state_.path.MakeRoom(5, 4);
     Move({rect.left, rect.top});
     Line({rect.right, rect.top});
     Line({rect.right, rect.bottom});
@@ -106,6 +112,10 @@ void Port::AddRect(const VecRect& rect) {
 }
 
 void Port::AddEllipse(const VecRect& rect) {
+    if (!CanAdd(rect)) {
+        return;
+    }
+    state_.path.MakeRoom(6, 13);
     // The control points that take a cubic curve nearest to a quarter of a circle: 4/3 (sqrt(2) - 1) of the radius.
     constexpr double kRound = 0.5522847498307936;
     const double x = (double{rect.left} + rect.right) / 2;

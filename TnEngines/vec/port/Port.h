@@ -81,6 +81,7 @@ public:
 
 private:
     bool IsSound(const Point& point);
+    bool CanAdd(const VecRect& rect);
     bool HasCurrentPoint();
     Point ToDevice(Point point) const;
     Point FromCurrentPoint(Point distance) const;

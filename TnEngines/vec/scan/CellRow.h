@@ -1,4 +1,4 @@
-// Private: areas beside the edges in a row of pixels, summed up.
+// Private: areas beside lines in a row of pixels.
 #pragma once
 
 #include "TnEngines/vec/scan/LeftWindings.h"
@@ -10,18 +10,83 @@
 
 namespace tn::vec {
 
-/// The pixels that an edge runs through. An edge that runs along the left side of a pixel is in none, and first tells
-/// of that pixel.
+/// The pixels that lines run through. A line along the left side of a pixel is in none, and first tells of that pixel.
 struct CellRange {
     std::int32_t first = INT32_MAX, last = -1;
 
-    void Add(std::int32_t f, std::int32_t l) {
-        first = std::min(first, f);
-        last = std::max(last, l);
+    void Add(const CellRange& other) {
+        first = std::min(first, other.first);
+        last = std::max(last, other.last);
     }
 };
 
-/// For each pixel, the change from its left neighbour of the area to the right of edges, which counts as often as they
+/// A line from one height within a row of pixels to a lower one, which it need not tell. x is in 1/65536 of a pixel
+/// from the row's left end; the height from one end to the other is in 1/kWhole, below 0 where the outline goes up.
+class RowLine {
+public:
+    RowLine(double xTop, double xBottom, std::int32_t height)
+        : left_(Fixed(std::min(xTop, xBottom))), right_(Fixed(std::max(xTop, xBottom))), height_(height) {}
+
+    CellRange Range() const {
+        return {static_cast<std::int32_t>(left_ >> kShift), static_cast<std::int32_t>((right_ - 1) >> kShift)};
+    }
+
+    /// Tells of each pixel of the line in a row of some width, from left to right, with the height of the line's part
+    /// to the left of the pixel, that of the part in it, and the area to the left of the latter within the pixel. What
+    /// is beyond the left end is told of as if it were along it.
+    template <class Cell> void ForEachCell(std::int32_t width, const Cell& cell) const {
+        const auto [first, last] = Range();
+        if (last <= first || last < 0) {
+            if (first < 0) {
+                cell(0, 0, height_, 0);
+            } else if (first < width) {
+                cell(first, 0, height_, Beside(height_, (left_ - first * kPixel) + (right_ - first * kPixel)));
+            }
+            return;
+        }
+        const double slope = height_ / static_cast<double>(right_ - left_);
+        const auto heightAt = [=, this](std::int32_t x) {
+            return static_cast<std::int32_t>(slope * static_cast<double>(x * kPixel - left_));
+        };
+        std::int32_t x = std::max(first, 0);
+        std::int32_t reached = 0;
+        if (first < 0) {
+            reached = heightAt(0);
+            cell(0, 0, reached, 0);
+        } else if (first < width) {
+            reached = heightAt(first + 1);
+            cell(first, 0, reached, Beside(reached, (left_ - first * kPixel) + kPixel));
+            ++x;
+        }
+        for (; x < std::min(last, width); ++x) {
+            const std::int32_t next = heightAt(x + 1);
+            cell(x, reached, next - reached, Beside(next - reached, kPixel));
+            reached = next;
+        }
+        if (last < width) {
+            cell(last, reached, height_ - reached, Beside(height_ - reached, right_ - last * kPixel));
+        }
+    }
+
+private:
+    static constexpr int kShift = 16;
+    static constexpr std::int64_t kPixel = std::int64_t{1} << kShift;
+
+    // Floored, also to the left of the row.
+    static std::int64_t Fixed(double x) {
+        const auto fixed = static_cast<std::int64_t>(x * static_cast<double>(kPixel));
+        return fixed - (static_cast<double>(fixed) > x * static_cast<double>(kPixel) ? 1 : 0);
+    }
+
+    static std::int32_t Beside(std::int64_t height, std::int64_t twiceFraction) {
+        return static_cast<std::int32_t>((height * twiceFraction + kPixel) >> (kShift + 1));
+    }
+
+    std::int64_t left_, right_;
+    std::int32_t height_;
+};
+
+/// For each pixel, the change from its left neighbour of the area to the right of lines, which counts as often as they
 /// wind around it, in 1/kWhole of a pixel.
 class CellRow {
 public:
@@ -30,8 +95,12 @@ public:
         changes_.assign(static_cast<std::size_t>(width) + 2, 0);
     }
 
-    /// Adds an edge that goes from one height within the row to a lower one. x is from the row's left end.
-    CellRange Add(double xTop, std::int32_t top, double xBottom, std::int32_t bottom, std::int32_t direction);
+    void Add(const RowLine& line) {
+        line.ForEachCell(width_, [this](std::int32_t x, std::int32_t, std::int32_t height, std::int32_t beside) {
+            changes_[static_cast<std::size_t>(x)] += height - beside;
+            changes_[static_cast<std::size_t>(x) + 1] += beside;
+        });
+    }
 
     /// The change at a pixel, which is forgotten.
     std::int64_t Take(std::int32_t x) {
@@ -42,55 +111,8 @@ public:
     }
 
 private:
-    // x in 1/65536 of a pixel.
-    static constexpr int kShift = 16;
-    static constexpr std::int64_t kPixel = std::int64_t{1} << kShift;
-
-    static std::int64_t Fixed(double x) { return static_cast<std::int64_t>(x * static_cast<double>(kPixel)); }
-
-    void AddAlongLeftEnd(std::int32_t height) { changes_[0] += height; }
-    CellRange AddWithin(std::int64_t left, std::int64_t right, std::int32_t height);
-    CellRange AddCut(double xTop, double xBottom, std::int32_t height);
-
-    void AddCell(std::int32_t x, std::int64_t height, std::int64_t twiceFraction) {
-        const std::int64_t beside = (height * twiceFraction + kPixel) >> (kShift + 1);
-        changes_[static_cast<std::size_t>(x)] += height - beside;
-        changes_[static_cast<std::size_t>(x) + 1] += beside;
-    }
-
     std::int32_t width_ = 0;
     std::vector<std::int64_t> changes_;
 };
-
-inline CellRange CellRow::Add(double xTop, std::int32_t top, double xBottom, std::int32_t bottom,
-                              std::int32_t direction) {
-    const std::int32_t height = (bottom - top) * direction;
-    const auto [left, right] = std::minmax(xTop, xBottom);
-    return left >= 0 && right <= width_ ? AddWithin(Fixed(left), Fixed(right), height) : AddCut(left, right, height);
-}
-
-inline CellRange CellRow::AddWithin(std::int64_t left, std::int64_t right, std::int32_t height) {
-    const auto first = static_cast<std::int32_t>(left >> kShift);
-    const auto last = static_cast<std::int32_t>((right - 1) >> kShift); // before first for an edge between two pixels
-    if (last <= first) {
-        AddCell(first, height, (left & (kPixel - 1)) + (right - first * kPixel));
-        return {first, last};
-    }
-    const double slope = static_cast<double>(height) / static_cast<double>(right - left);
-    const auto heightAt = [=](std::int64_t x) {
-        return static_cast<std::int64_t>(slope * static_cast<double>(x - left));
-    };
-    std::int64_t end = (first + 1) * kPixel;
-    std::int64_t reached = heightAt(end);
-    AddCell(first, reached, (left & (kPixel - 1)) + kPixel);
-    for (std::int32_t x = first + 1; x < last; ++x) {
-        end += kPixel;
-        const std::int64_t next = heightAt(end);
-        AddCell(x, next - reached, kPixel);
-        reached = next;
-    }
-    AddCell(last, height - reached, right - last * kPixel);
-    return {first, last};
-}
 
 } // namespace tn::vec

@@ -3,9 +3,11 @@
 
 #include "TnEngines/vec/path/Point.h"
 
+#include <cmath>
+
 namespace tn::vec {
 
-/// A place on a chain: on the line that ends at a point, or nowhere after the last.
+/// A place on a chain: on the line that ends at a point, or at the end of the last.
 class ChainPlace {
 public:
     ChainPlace() = default;
@@ -14,10 +16,11 @@ public:
     bool IsAtEnd() const { return y_ == last_->y; }
     double X() const { return x_; }
     double Y() const { return y_; }
-    double Slope() const { return slope_; }
     const Point& LineEnd() const { return *end_; }
-
     bool IsVertical() const { return slope_ == 0; }
+
+    /// How far to the right the line goes on its way down by a pixel.
+    double Slope() const { return slope_; }
 
     /// Goes on to where the line ends, or to a height above that.
     void GoDown(double height) {

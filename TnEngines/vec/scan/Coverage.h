@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <span>
 #include <vector>
 
 namespace tn::vec {
@@ -19,66 +20,56 @@ constexpr bool IsInside(std::int64_t winding, FillRule rule) {
 /// Neighbouring pixels of a row. What no span tells of is not covered.
 struct CoverageSpan {
     std::int32_t x, length;
-    std::uint8_t all;          ///< The coverage of all of them, not 0, where there are no bytes.
     const std::uint8_t* bytes; ///< The coverage of each, or null.
+    std::uint8_t all;          ///< The coverage of all of them, not 0, where there are no bytes.
 };
 
-/// The spans of a row, from left to right.
+/// The spans of a row, which is built from left to right.
 class CoverageRow {
 public:
     /// Makes room for rows of a width that begin at a column.
     void Reset(std::int32_t left, std::int32_t width) {
         left_ = left;
         bytes_.resize(static_cast<std::size_t>(width));
-        spans_.reserve(static_cast<std::size_t>(width));
+        spans_.resize(static_cast<std::size_t>(width));
+        Clear();
     }
 
-    void Clear() {
-        spans_.clear();
-        begin_ = end_ = left_;
-    }
+    void Clear() { count_ = 0; }
 
-    /// Adds pixels of one coverage to the right of those before.
+    /// Adds pixels of one coverage.
     void Add(std::int32_t x, std::int32_t length, std::uint8_t coverage) {
-        if (length >= kLong || (coverage == 0 && begin_ == end_)) {
-            Flush();
-            begin_ = end_ = x + length;
-            if (coverage != 0) {
-                spans_.push_back({x, length, coverage, nullptr});
-            }
-        } else if (length > 0) {
+        if (length < kLong && IsEndOfBytes(x)) {
             std::memset(Bytes(x, length), coverage, static_cast<std::size_t>(length));
+        } else if (coverage != 0) {
+            spans_[count_++] = {x, length, nullptr, coverage};
         }
     }
 
-    /// Adds pixels to the right of those before, whose coverages are to be written.
+    /// Adds pixels whose coverages are to be written.
     std::uint8_t* Bytes(std::int32_t x, std::int32_t length) {
-        if (x != end_) {
-            Flush();
-            begin_ = x;
+        std::uint8_t* const bytes = bytes_.data() + (x - left_);
+        if (IsEndOfBytes(x)) {
+            spans_[count_ - 1].length += length;
+        } else {
+            spans_[count_++] = {x, length, bytes, 0};
         }
-        end_ = x + length;
-        return BytesAt(x);
+        return bytes;
     }
 
-    void Finish() { Flush(); }
-
-    const std::vector<CoverageSpan>& Spans() const { return spans_; }
+    std::span<const CoverageSpan> Spans() const { return {spans_.data(), count_}; }
 
 private:
-    // Shorter spans of one coverage are not worth a span of their own between others.
-    static constexpr std::int32_t kLong = 16;
+    // Shorter spans of one coverage are not worth a span of their own after others.
+    static constexpr std::int32_t kLong = 8;
 
-    std::uint8_t* BytesAt(std::int32_t x) { return bytes_.data() + (x - left_); }
-
-    void Flush() {
-        if (begin_ < end_) {
-            spans_.push_back({begin_, end_ - begin_, 0, BytesAt(begin_)});
-        }
+    bool IsEndOfBytes(std::int32_t x) const {
+        return count_ != 0 && spans_[count_ - 1].bytes != nullptr &&
+               spans_[count_ - 1].x + spans_[count_ - 1].length == x;
     }
 
     std::int32_t left_ = 0;
-    std::int32_t begin_ = 0, end_ = 0; // of the bytes that are no span yet
+    std::size_t count_ = 0;
     std::vector<std::uint8_t> bytes_;
     std::vector<CoverageSpan> spans_;
 };

@@ -71,7 +71,6 @@ void HardScan::CoverRow() {
         }
         winding += chain.direction;
     }
-    row_.Finish();
 }
 
 } // namespace tn::vec

@@ -14,6 +14,14 @@ inline constexpr std::int32_t kWhole = 1 << 14;
 
 struct WindingRange {
     std::int64_t least, greatest;
+
+    void Add(const WindingRange& other) {
+        least = std::min(least, other.least);
+        greatest = std::max(greatest, other.greatest);
+    }
+    friend WindingRange operator+(const WindingRange& range, std::int64_t by) {
+        return {range.least + by, range.greatest + by};
+    }
 };
 
 /// The winding along the left side of a pixel: one number at the row's top, and changes on the way down.
@@ -49,13 +57,16 @@ public:
         WindingRange range = {winding, winding};
         for (; change != changes_.end() && change->height < bottom; ++change) {
             winding += change->by;
-            range = {std::min(range.least, winding), std::max(range.greatest, winding)};
+            range.Add({winding, winding});
         }
         return range;
     }
 
     /// How much of the height is inside, of kWhole.
     std::int32_t Inside(FillRule rule) const {
+        if (IsLevel()) {
+            return IsInside(atTop_, rule) ? kWhole : 0;
+        }
         std::int64_t winding = atTop_;
         std::int32_t from = 0, inside = 0;
         for (const Change& change : changes_) {

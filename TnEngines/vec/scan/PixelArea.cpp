@@ -11,6 +11,13 @@ namespace {
 constexpr double kLeastHeight = 1.0 / 4096;
 constexpr int kMostCuts = 512;
 
+// How many edges may be looked at, slab by slab.
+constexpr std::int64_t kMostWork = 1 << 16;
+
+// Into how many lower ones a slab with many edges is cut, and along how many lines a pixel is measured at last.
+constexpr int kCrowdParts = 16;
+constexpr int kLines = 16;
+
 // What is nearly sorted or short.
 template <class Item, class IsBefore> void SortByInsertion(Item* begin, Item* end, const IsBefore& isBefore) {
     for (Item* next = begin; next < end; ++next) {
@@ -23,11 +30,31 @@ template <class Item, class IsBefore> void SortByInsertion(Item* begin, Item* en
     }
 }
 
+template <class Item, class IsBefore> void SortAll(std::span<Item> items, const IsBefore& isBefore) {
+    if (items.size() <= 2 * PixelArea::kMostExact) {
+        SortByInsertion(items.data(), items.data() + items.size(), isBefore);
+    } else {
+        std::ranges::sort(items, isBefore);
+    }
+}
+
 // Where both lie in one order at the top and in the other at the bottom, as a part of the height; otherwise 0.
 template <class Crossing> double WhereTheyCross(const Crossing& a, const Crossing& b) {
     const double top = b.xTop - a.xTop;
     const double bottom = b.xBottom - a.xBottom;
     return top * bottom < 0 ? top / (top - bottom) : 0;
+}
+
+// Twice the width inside between sorted crossings, of a pixel.
+template <class Crossing> double TwiceInside(std::span<const Crossing> crossings, std::int64_t winding, FillRule rule) {
+    double inside = 0;
+    double from = 0;
+    for (const Crossing& each : crossings) {
+        inside += IsInside(winding, rule) ? each.Middle() - from : 0;
+        winding += each.direction;
+        from = each.Middle();
+    }
+    return inside + (IsInside(winding, rule) ? 2 - from : 0);
 }
 
 } // namespace
@@ -81,34 +108,32 @@ double PixelArea::Inside(const LeftWindings& left, FillRule rule) {
         heights_.push_back({static_cast<double>(change.height) / kWhole, change.by});
     }
     heights_.push_back({1, 0});
-    SortHeights();
-    return edges_.size() <= kMostExact ? std::clamp(Exact(left.AtTop(), rule), 0.0, 1.0) : Counted(left.AtTop(), rule);
+    Sort();
+    return std::clamp(Slabs(left.AtTop(), rule), 0.0, 1.0);
 }
 
-void PixelArea::SortHeights() {
-    const auto isAbove = [](const Height& a, const Height& b) { return a.at < b.at; };
-    if (heights_.size() > 2 * kMostExact) {
-        std::ranges::sort(heights_, isAbove);
-    } else {
-        SortByInsertion(heights_.data(), heights_.data() + heights_.size(), isAbove);
-    }
-}
-
-double PixelArea::Exact(std::int64_t winding, FillRule rule) {
-    std::array<Crossing, kMostExact> crossings;
+void PixelArea::Sort() {
+    SortAll(std::span(heights_), [](const Height& a, const Height& b) { return a.at < b.at; });
+    SortAll(std::span(edges_), [](const Line& a, const Line& b) { return a.top < b.top; });
+    active_.clear();
+    next_ = 0;
     cutsLeft_ = kMostCuts;
+    workLeft_ = kMostWork;
+}
+
+double PixelArea::Slabs(std::int64_t winding, FillRule rule) {
     double inside = 0;
     double top = 0;
     for (const Height& height : heights_) {
         const double bottom = height.at;
         if (top < bottom) {
-            Crossing* end = crossings.data();
-            for (const Line& edge : edges_) {
-                if (edge.top <= top && edge.bottom >= bottom) {
-                    *end++ = {edge.At(top), edge.At(bottom), edge.direction};
-                }
+            if (workLeft_ < 0) {
+                return inside + LinesInside(top, winding, rule);
             }
-            inside += SlabInside(crossings.data(), end, bottom - top, winding, rule);
+            GoDownTo(top);
+            inside += active_.size() <= kMostExact
+                          ? SlabInside(CrossingsBetween(top, bottom), bottom - top, winding, rule)
+                          : CrowdInside(top, bottom, winding, rule);
             top = bottom;
         }
         winding += height.by;
@@ -116,68 +141,84 @@ double PixelArea::Exact(std::int64_t winding, FillRule rule) {
     return inside;
 }
 
-double PixelArea::SlabInside(Crossing* begin, Crossing* end, double height, std::int64_t winding, FillRule rule) {
-    SortByInsertion(begin, end, [](const Crossing& a, const Crossing& b) { return a.Middle() < b.Middle(); });
+// To the edges in the slab that begins at a height.
+void PixelArea::GoDownTo(double height) {
+    std::erase_if(active_, [=](const Line* edge) { return edge->bottom <= height; });
+    for (; next_ < edges_.size() && edges_[next_].top <= height; ++next_) {
+        if (edges_[next_].bottom > height) {
+            active_.push_back(&edges_[next_]);
+        }
+    }
+    workLeft_ -= static_cast<std::int64_t>(active_.size());
+}
+
+PixelArea::Crossings PixelArea::CrossingsBetween(double top, double bottom) {
+    crossings_.clear();
+    for (const Line* const edge : active_) {
+        crossings_.push_back({edge->At(top), edge->At(bottom), edge->direction});
+    }
+    return crossings_;
+}
+
+double PixelArea::SlabInside(Crossings crossings, double height, std::int64_t winding, FillRule rule) {
+    SortAll(crossings, [](const Crossing& a, const Crossing& b) { return a.Middle() < b.Middle(); });
     if (height > kLeastHeight && cutsLeft_ > 0) {
-        for (Crossing* next = begin + 1; next < end; ++next) {
-            const double part = WhereTheyCross(next[-1], next[0]);
+        for (std::size_t i = 1; i < crossings.size(); ++i) {
+            const double part = WhereTheyCross(crossings[i - 1], crossings[i]);
             if (part > 0 && part < 1) {
-                return CutSlabInside(begin, next, end, part, height, winding, rule);
+                return CutSlabInside(crossings, i, part, height, winding, rule);
             }
         }
     }
-    double sum = 0; // of both widths
-    double from = 0;
-    for (const Crossing* each = begin; each < end; ++each) {
-        sum += IsInside(winding, rule) ? each->Middle() - from : 0;
-        winding += each->direction;
-        from = each->Middle();
-    }
-    sum += IsInside(winding, rule) ? 2 - from : 0;
-    return sum / 2 * height;
+    return TwiceInside<Crossing>(crossings, winding, rule) / 2 * height;
 }
 
 // Of the slab as two, above and below the height at which an edge crosses the one before it.
-double PixelArea::CutSlabInside(Crossing* begin, Crossing* crossed, Crossing* end, double part, double height,
+double PixelArea::CutSlabInside(Crossings crossings, std::size_t crossed, double part, double height,
                                 std::int64_t winding, FillRule rule) {
     --cutsLeft_;
     std::array<Crossing, kMostExact> copies;
-    Crossing* const lower = copies.data();
-    Crossing* const lowerEnd = std::copy(begin, end, lower);
-    for (Crossing* each = begin; each != end; ++each) {
-        each->xBottom = each->xTop + (each->xBottom - each->xTop) * part;
+    std::ranges::copy(crossings, copies.begin());
+    const Crossings lower(copies.data(), crossings.size());
+    for (Crossing& each : crossings) {
+        each.xBottom = each.xTop + (each.xBottom - each.xTop) * part;
     }
-    crossed->xBottom = crossed[-1].xBottom;
-    for (std::ptrdiff_t i = 0; i < end - begin; ++i) {
-        lower[i].xTop = begin[i].xBottom;
+    crossings[crossed].xBottom = crossings[crossed - 1].xBottom;
+    for (std::size_t i = 0; i < lower.size(); ++i) {
+        lower[i].xTop = crossings[i].xBottom;
     }
-    const double upper = SlabInside(begin, end, height * part, winding, rule);
-    return upper + SlabInside(lower, lowerEnd, height * (1 - part), winding, rule);
+    const double upper = SlabInside(crossings, height * part, winding, rule);
+    return upper + SlabInside(lower, height * (1 - part), winding, rule);
 }
 
-double PixelArea::Counted(std::int64_t winding, FillRule rule) const {
-    constexpr int kLines = 64;
-    std::int64_t inside = 0;
-    auto next = heights_.begin();
-    for (int line = 0; line < kLines; ++line) {
-        const double height = (line + 0.5) / kLines;
-        for (; next != heights_.end() && next->at <= height; ++next) {
-            winding += next->by;
-        }
-        std::array<std::int64_t, kLines + 1> turns = {};
-        for (const Line& edge : edges_) {
-            if (edge.top <= height && height < edge.bottom) {
-                const double place = std::ceil(edge.At(height) * kLines - 0.5);
-                turns[static_cast<std::size_t>(std::clamp(place, 0.0, 1.0 * kLines))] += edge.direction;
-            }
-        }
-        std::int64_t here = winding;
-        for (int i = 0; i < kLines; ++i) {
-            here += turns[static_cast<std::size_t>(i)];
-            inside += IsInside(here, rule) ? 1 : 0;
-        }
+double PixelArea::CrowdInside(double top, double bottom, std::int64_t winding, FillRule rule) {
+    const double height = (bottom - top) / kCrowdParts;
+    double inside = 0;
+    for (int part = 0; part < kCrowdParts; ++part) {
+        const Crossings crossings = CrossingsBetween(top + part * height, top + (part + 1) * height);
+        SortAll(crossings, [](const Crossing& a, const Crossing& b) { return a.Middle() < b.Middle(); });
+        inside += TwiceInside<Crossing>(crossings, winding, rule) / 2 * height;
     }
-    return static_cast<double>(inside) / (kLines * kLines);
+    workLeft_ -= kCrowdParts * static_cast<std::int64_t>(active_.size());
+    return inside;
+}
+
+// From a height to the pixel's lower side.
+double PixelArea::LinesInside(double from, std::int64_t winding, FillRule rule) {
+    const double height = (1 - from) / kLines;
+    double inside = 0;
+    auto change = std::ranges::upper_bound(heights_, from, {}, &Height::at);
+    for (int line = 0; line < kLines; ++line) {
+        const double at = from + (line + 0.5) * height;
+        for (; change != heights_.end() && change->at <= at; ++change) {
+            winding += change->by;
+        }
+        GoDownTo(at);
+        const Crossings crossings = CrossingsBetween(at, at);
+        SortAll(crossings, [](const Crossing& a, const Crossing& b) { return a.Middle() < b.Middle(); });
+        inside += TwiceInside<Crossing>(crossings, winding, rule) / 2 * height;
+    }
+    return inside;
 }
 
 } // namespace tn::vec

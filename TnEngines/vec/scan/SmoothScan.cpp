@@ -9,7 +9,9 @@ namespace {
 
 std::int32_t HeightIn(std::int32_t row, double y) { return static_cast<std::int32_t>((y - row) * kWhole); }
 
-std::uint8_t CoverageOf(std::int64_t area) {
+std::uint8_t CoverageOf(double area) { return static_cast<std::uint8_t>(static_cast<int>(area * kCovered + 0.5)); }
+
+std::uint8_t CoverageOf(std::uint64_t area) {
     return static_cast<std::uint8_t>((area * kCovered + kWhole / 2) / kWhole);
 }
 
@@ -29,6 +31,8 @@ void SmoothScan::Run(const Outline& outline, FillRule rule, const Box& clip, Cov
         RunRow(sink);
     }
 }
+
+// From row to row
 
 void SmoothScan::Prepare(const Outline& outline) {
     points_ = outline.Points().data();
@@ -52,7 +56,7 @@ std::int32_t SmoothScan::RowOf(const Chain& chain) const {
 }
 
 void SmoothScan::Enter(const Chain& chain) {
-    std::uint32_t place = static_cast<std::uint32_t>(active_.size());
+    auto place = static_cast<std::uint32_t>(active_.size());
     if (free_.empty()) {
         active_.emplace_back();
         free_.reserve(active_.capacity());
@@ -79,22 +83,26 @@ void SmoothScan::RunRow(CoverageSink& sink) {
     }
     EnterChainsOf(y_);
     const std::int32_t rows = EqualRows();
-    for (Entry& entry : entries_) {
-        AddCells(active_[entry.chain]);
-        entry.first = active_[entry.chain].range.first;
-    }
-    Sort();
     row_.Clear();
-    CoverRow();
-    row_.Finish();
+    if (GoThroughRow()) {
+        CoverRowApart();
+    } else {
+        AddWholeLines();
+        Sort();
+        CoverRow();
+    }
     sink.Cover(y_, y_ + rows, row_);
     y_ += rows;
     if (rows > 1) {
         for (const Entry& entry : entries_) {
-            active_[entry.chain].place.GoDown(y_);
+            ChainPlace& place = active_[entry.chain].place;
+            place.GoDown(y_);
+            hasFinished_ = hasFinished_ || place.IsAtEnd();
         }
     }
-    LeaveFinished();
+    if (hasFinished_) {
+        LeaveFinished();
+    }
 }
 
 // From the row on, as long as all chains go straight down and no other enters.
@@ -110,16 +118,146 @@ std::int32_t SmoothScan::EqualRows() const {
     return std::max(1, static_cast<std::int32_t>(std::floor(until)) - y_);
 }
 
-void SmoothScan::AddCells(ActiveChain& active) {
+// True where all chains run through all of the row, each to the right of the pixels of the one before.
+bool SmoothScan::GoThroughRow() {
+    bool areApart = true;
+    std::int32_t before = -1;
+    hasFinished_ = false;
+    for (Entry& entry : entries_) {
+        ActiveChain& active = active_[entry.chain];
+        if (active.place.Y() == y_ && active.place.LineEnd().y >= y_ + 1) {
+            GoThroughWhole(active);
+        } else {
+            GoThroughLines(active);
+            areApart = areApart && active.top == 0 && active.bottom == kWhole;
+        }
+        hasFinished_ = hasFinished_ || active.place.IsAtEnd();
+        entry.first = active.range.first;
+        areApart = areApart && entry.first > before && active.least >= 0;
+        before = active.range.last;
+    }
+    return areApart && before < box_.Width();
+}
+
+void SmoothScan::GoThroughWhole(ActiveChain& active) {
+    active.xTop = active.place.X() - box_.left;
+    active.place.GoDown(y_ + 1);
+    active.xBottom = active.place.X() - box_.left;
+    active.isWhole = true;
+    active.isInCells = false;
+    active.least = std::min(active.xTop, active.xBottom);
+    active.greatest = std::max(active.xTop, active.xBottom);
+    active.range = RowLine(active.xTop, active.xBottom, kWhole * active.direction).Range();
+    active.top = 0;
+    active.bottom = kWhole;
+}
+
+void SmoothScan::GoThroughLines(ActiveChain& active) {
     active.atRowTop = active.place;
-    active.top = HeightIn(y_, active.place.Y());
+    active.xTop = active.least = active.greatest = active.place.X() - box_.left;
+    std::int32_t height = active.top = HeightIn(y_, active.place.Y());
     active.range = {};
     GoDown(active.place, y_ + 1, [&](Point from, Point to) {
-        const CellRange range = cells_.Add(from.x - box_.left, HeightIn(y_, from.y), to.x - box_.left,
-                                           HeightIn(y_, to.y), active.direction);
-        active.range.Add(range.first, range.last);
+        const double x = to.x - box_.left;
+        const std::int32_t reached = HeightIn(y_, to.y);
+        active.least = std::min(active.least, x);
+        active.greatest = std::max(active.greatest, x);
+        const RowLine line(from.x - box_.left, x, (reached - height) * active.direction);
+        cells_.Add(line);
+        active.range.Add(line.Range());
+        height = reached;
     });
-    active.bottom = HeightIn(y_, active.place.Y());
+    active.xBottom = active.place.X() - box_.left;
+    active.isWhole = false;
+    active.isInCells = true;
+    active.bottom = height;
+}
+
+void SmoothScan::LeaveFinished() {
+    std::size_t kept = 0;
+    for (const Entry& entry : entries_) {
+        if (active_[entry.chain].place.IsAtEnd()) {
+            free_.push_back(entry.chain);
+        } else {
+            entries_[kept++] = entry;
+        }
+    }
+    entries_.resize(kept);
+}
+
+// Chains apart
+
+inline std::uint8_t SmoothScan::SumCoverage(std::int64_t sum) const {
+    const auto area = static_cast<std::uint64_t>(std::abs(sum));
+    if (rule_ == FillRule::kNonZero) {
+        return CoverageOf(std::min<std::uint64_t>(area, kWhole));
+    }
+    const std::uint64_t beyondEven = area % (2 * kWhole);
+    return CoverageOf(std::min<std::uint64_t>(beyondEven, 2 * kWhole - beyondEven));
+}
+
+// Up to a pixel no chain runs through any.
+inline void SmoothScan::CoverLevel(std::int32_t until, std::uint8_t coverage) {
+    if (x_ < until) {
+        row_.Add(box_.left + x_, until - x_, coverage);
+        x_ = until;
+    }
+}
+
+void SmoothScan::CoverRowApart() {
+    x_ = 0;
+    std::int64_t winding = 0;
+    for (const Entry& entry : entries_) {
+        const ActiveChain& chain = active_[entry.chain];
+        const bool isInsideBefore = IsInside(winding, rule_);
+        const bool isInsideAfter = IsInside(winding + chain.direction, rule_);
+        CoverLevel(entry.first, isInsideBefore ? kCovered : std::uint8_t{0});
+        if (chain.isInCells) {
+            CoverAlone(chain, winding);
+        } else if (isInsideBefore != isInsideAfter) {
+            CoverBesideLine(chain, winding);
+        }
+        winding += chain.direction;
+    }
+    CoverLevel(box_.Width(), IsInside(winding, rule_) ? kCovered : std::uint8_t{0});
+}
+
+void SmoothScan::CoverAlone(const ActiveChain& chain, std::int64_t winding) {
+    std::int64_t sum = winding * kWhole;
+    const CellRange range = chain.range;
+    if (range.first <= range.last) {
+        std::uint8_t* coverage = row_.Bytes(box_.left + range.first, range.last + 1 - range.first);
+        for (std::int32_t x = range.first; x <= range.last; ++x) {
+            sum += cells_.Take(x);
+            *coverage++ = SumCoverage(sum);
+        }
+        x_ = range.last + 1;
+    }
+    cells_.Take(range.last + 1);
+}
+
+void SmoothScan::CoverBesideLine(const ActiveChain& chain, std::int64_t winding) {
+    const CellRange range = chain.range;
+    if (range.last < range.first) {
+        return;
+    }
+    std::uint8_t* const coverage = row_.Bytes(box_.left + range.first, range.last + 1 - range.first);
+    RowLine(chain.xTop, chain.xBottom, kWhole * chain.direction)
+        .ForEachCell(box_.Width(), [&](std::int32_t x, std::int32_t before, std::int32_t height, std::int32_t beside) {
+            coverage[x - range.first] = SumCoverage(winding * kWhole + before + height - beside);
+        });
+    x_ = range.last + 1;
+}
+
+// Chains that may share pixels
+
+void SmoothScan::AddWholeLines() {
+    for (const Entry& entry : entries_) {
+        ActiveChain& active = active_[entry.chain];
+        if (!active.isInCells) {
+            cells_.Add(RowLine(active.xTop, active.xBottom, kWhole * active.direction));
+        }
+    }
 }
 
 // From row to row little changes but where chains cross or many enter.
@@ -145,29 +283,23 @@ void SmoothScan::CoverRow() {
     x_ = 0;
     sum_ = 0;
     left_.Clear();
+    const auto levelCoverage = [this] { return CoverageOf(static_cast<std::uint64_t>(left_.Inside(rule_))); };
     for (std::size_t i = 0; i < entries_.size();) {
         const CellRange& range = active_[entries_[i].chain].range;
-        const std::int32_t first = range.first;
+        const std::int32_t first = std::max(range.first, 0);
         std::int32_t last = range.last;
         const std::size_t begin = i++;
         for (; i < entries_.size() && entries_[i].first <= last; ++i) {
             last = std::max(last, active_[entries_[i].chain].range.last);
         }
-        CoverLevel(std::min(first, box_.Width()));
-        CoverShared({&entries_[begin], i - begin}, std::min(last, box_.Width() - 1));
-        sum_ += cells_.Take(std::min(last, box_.Width() - 1) + 1);
+        last = std::clamp(last, -1, box_.Width() - 1);
+        CoverLevel(std::min(first, box_.Width()), levelCoverage());
+        CoverShared({&entries_[begin], i - begin}, last);
+        sum_ += cells_.Take(last + 1);
     }
-    CoverLevel(box_.Width());
+    CoverLevel(box_.Width(), levelCoverage());
     cells_.Take(box_.Width());
     cells_.Take(box_.Width() + 1);
-}
-
-// Up to a pixel no chain runs through any.
-void SmoothScan::CoverLevel(std::int32_t until) {
-    if (x_ < until) {
-        row_.Add(box_.left + x_, until - x_, CoverageOf(left_.Inside(rule_)));
-        x_ = until;
-    }
 }
 
 // The pixels up to the last, in each of which is one of the chains or more.
@@ -202,11 +334,11 @@ void SmoothScan::CoverShared(Entries entries, std::int32_t last) {
     }
 }
 
-// Where windings differ by one at most, the areas beside the edges cannot but add up. Where none is 0, all is covered.
+// Where windings differ by one at most, the areas beside the chains cannot but add up. Where none is 0, all is covered.
 std::uint8_t SmoothScan::SharedCoverage(std::int32_t x) {
     const WindingRange range = WindingsWithin();
     if (range.greatest - range.least <= 1) {
-        return SumCoverage();
+        return SumCoverage(sum_);
     }
     if (rule_ == FillRule::kNonZero && (range.least > 0 || range.greatest < 0)) {
         return kCovered;
@@ -214,14 +346,24 @@ std::uint8_t SmoothScan::SharedCoverage(std::int32_t x) {
     return AreaCoverage(x);
 }
 
-// However the chains may lie; a single one can only lie where it goes down.
+// However the chains may lie, as far as that is not plain to see: a single chain lies where it goes down, and of two
+// that do not cross one lies to the left.
 WindingRange SmoothScan::WindingsWithin() const {
     WindingRange range = left_.Between(0, kWhole);
     if (sharing_.size() == 1) {
         const ActiveChain& chain = *sharing_.front();
-        const WindingRange beside = left_.Between(chain.top, chain.bottom);
-        return {std::min(range.least, beside.least + chain.direction),
-                std::max(range.greatest, beside.greatest + chain.direction)};
+        range.Add(left_.Between(chain.top, chain.bottom) + chain.direction);
+        return range;
+    }
+    if (sharing_.size() == 2) {
+        const ActiveChain& a = *sharing_[0];
+        const ActiveChain& b = *sharing_[1];
+        if (a.top == b.top && a.bottom == b.bottom && (IsBeside(a, b) || IsBeside(b, a))) {
+            const WindingRange beside = left_.Between(a.top, a.bottom);
+            range.Add(beside + (IsBeside(a, b) ? a : b).direction);
+            range.Add(beside + (a.direction + b.direction));
+            return range;
+        }
     }
     for (const ActiveChain* const chain : sharing_) {
         (chain->direction < 0 ? range.least : range.greatest) += chain->direction;
@@ -229,35 +371,26 @@ WindingRange SmoothScan::WindingsWithin() const {
     return range;
 }
 
+// True where all of a chain is to the left of all of another at the same height.
+bool SmoothScan::IsBeside(const ActiveChain& left, const ActiveChain& right) {
+    return left.greatest <= right.least ||
+           (left.isWhole && right.isWhole && left.xTop <= right.xTop && left.xBottom <= right.xBottom);
+}
+
 std::uint8_t SmoothScan::AreaCoverage(std::int32_t x) {
     area_.Clear();
-    const double left = 1.0 * box_.left + x;
     for (const ActiveChain* const chain : sharing_) {
+        if (chain->isWhole) {
+            area_.Add({0, 1, chain->xTop - x, chain->xBottom - x, chain->direction});
+            continue;
+        }
+        const double left = 1.0 * box_.left + x;
         ChainPlace place = chain->atRowTop;
         GoDown(place, y_ + 1, [&](Point from, Point to) {
             area_.Add({from.y - y_, to.y - y_, from.x - left, to.x - left, chain->direction});
         });
     }
-    return static_cast<std::uint8_t>(area_.Inside(left_, rule_) * kCovered + 0.5);
-}
-
-std::uint8_t SmoothScan::SumCoverage() const {
-    const std::int64_t area = std::abs(sum_);
-    if (rule_ == FillRule::kNonZero) {
-        return CoverageOf(std::min<std::int64_t>(area, kWhole));
-    }
-    const std::int64_t beyondEven = area % (2 * kWhole);
-    return CoverageOf(std::min<std::int64_t>(beyondEven, 2 * kWhole - beyondEven));
-}
-
-void SmoothScan::LeaveFinished() {
-    std::erase_if(entries_, [this](const Entry& entry) {
-        const bool isAtEnd = active_[entry.chain].place.IsAtEnd();
-        if (isAtEnd) {
-            free_.push_back(entry.chain);
-        }
-        return isAtEnd;
-    });
+    return CoverageOf(area_.Inside(left_, rule_));
 }
 
 } // namespace tn::vec

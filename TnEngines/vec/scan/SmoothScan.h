@@ -18,20 +18,25 @@ namespace tn::vec {
 
 /// Finds how much of each pixel lies inside an outline, row by row.
 ///
-/// In each row the chains that run through it add the areas beside them to cells. Where a chain has its pixels to
-/// itself, their sum is the coverage. Where chains share a pixel they may lie over one another, and unless it is inside
-/// of them however they lie, its area is worked out on its own.
+/// Where a chain has its pixels of a row to itself, the area beside it is the coverage. Where chains share a pixel the
+/// areas beside them add up in cells, unless the chains lie over one another: then the pixel is either inside of them
+/// however they lie, or its area is worked out on its own.
 class SmoothScan {
 public:
     void Run(const Outline& outline, FillRule rule, const Box& clip, CoverageSink& sink);
 
 private:
+    /// A chain in a row; x is from the left side of the box.
     struct ActiveChain {
-        ChainPlace atRowTop; ///< Where it enters the row.
-        ChainPlace place;    ///< Where it leaves the row.
+        ChainPlace place; ///< Where it leaves the row.
         std::int32_t direction;
-        CellRange range;          ///< Its pixels of the row.
-        std::int32_t top, bottom; ///< Its heights in the row.
+        bool isWhole;             ///< It runs through all of the row in one line.
+        bool isInCells;           ///< The area beside it has been added to the cells.
+        double xTop, xBottom;     ///< Where it enters and leaves the row.
+        double least, greatest;   ///< How far it gets to the left and to the right.
+        CellRange range;          ///< The pixels that it runs through.
+        std::int32_t top, bottom; ///< Its heights.
+        ChainPlace atRowTop;      ///< Where it enters, unless it is whole.
     };
 
     struct Waiting {
@@ -46,23 +51,36 @@ private:
     };
     using Entries = std::span<const Entry>;
 
+    // From row to row
     void Prepare(const Outline& outline);
     std::int32_t RowOf(const Chain& chain) const;
     void Enter(const Chain& chain);
     void EnterChainsOf(std::int32_t row);
     void RunRow(CoverageSink& sink);
     std::int32_t EqualRows() const;
-    void AddCells(ActiveChain& active);
+    bool GoThroughRow();
+    void GoThroughWhole(ActiveChain& active);
+    void GoThroughLines(ActiveChain& active);
+    void LeaveFinished();
+
+    // Chains apart
+    void CoverRowApart();
+    void CoverAlone(const ActiveChain& chain, std::int64_t winding);
+    void CoverBesideLine(const ActiveChain& chain, std::int64_t winding);
+
+    // Chains that may share pixels
+    void AddWholeLines();
     void Sort();
     void CoverRow();
     void CoverShared(Entries entries, std::int32_t last);
     std::uint8_t SharedCoverage(std::int32_t x);
     WindingRange WindingsWithin() const;
+    static bool IsBeside(const ActiveChain& left, const ActiveChain& right);
     std::uint8_t AreaCoverage(std::int32_t x);
-    void CoverLevel(std::int32_t until);
-    std::uint8_t SumCoverage() const;
+    std::uint8_t SumCoverage(std::int64_t sum) const;
     void Pass(const ActiveChain& active) { left_.Add(active.top, active.bottom, active.direction); }
-    void LeaveFinished();
+
+    void CoverLevel(std::int32_t until, std::uint8_t coverage);
 
     const Point* points_ = nullptr;
     FillRule rule_ = FillRule::kNonZero;
@@ -71,6 +89,7 @@ private:
     std::vector<ActiveChain> active_;
     std::vector<std::uint32_t> free_;
     std::vector<Entry> entries_;
+    bool hasFinished_ = false; // if there are entries of chains that are at their end
     CellRow cells_;
     CoverageRow row_;
     PixelArea area_;
