@@ -11,12 +11,15 @@ constexpr uint32_t kVersion = 0x41A11;
 struct State {
     KelGetAddressProc getAddress = nullptr;
     bool isStarted = false;
+    std::uint64_t starts = 0;
 };
 constinit State theState;
 
 } // namespace
 
 bool IsStarted() { return theState.isStarted; }
+
+std::uint64_t StartCount() { return theState.starts; }
 
 KelGetAddressProc RuntimeProcedures() { return theState.getAddress; }
 
@@ -28,7 +31,7 @@ uint32_t VecStartup(KelGetAddressProc getAddress, uint32_t, uint32_t, uint32_t) 
         return 0;
     }
     tn::vec::ForgetCreationError(); // with the procedures that it was made by
-    tn::vec::theState = {getAddress, true};
+    tn::vec::theState = {getAddress, true, tn::vec::theState.starts + 1};
     return 1;
 }
 

@@ -49,7 +49,7 @@ void BlendMatte(std::uint8_t* pixels, std::size_t count, std::uint32_t value, st
 
 void BlendMatteCovered(std::uint8_t* pixels, std::size_t count, std::uint32_t value, std::uint32_t alpha,
                        const std::uint8_t* coverage) {
-    constexpr std::size_t kLanes = 16;
+    constexpr std::size_t kLanes = 8;
     const auto blendAt = [=](std::size_t i) {
         pixels[i] = static_cast<std::uint8_t>(BlendedMatte(pixels[i], value, CoveredAlpha(alpha, coverage[i])));
     };

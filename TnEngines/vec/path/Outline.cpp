@@ -19,8 +19,12 @@ Point Snapped(Point point) { return {Snapped(point.x), Snapped(point.y)}; }
 
 void Outline::Clear() {
     constexpr double kNowhere = std::numeric_limits<double>::infinity();
+    constexpr std::size_t kFewPoints = 64;
+    constexpr std::size_t kFewChains = 8;
     points_.clear();
+    points_.reserve(kFewPoints);
     chains_.clear();
+    chains_.reserve(kFewChains);
     firstChain_ = 0;
     direction_ = 0;
     start_ = current_ = {};
@@ -33,16 +37,13 @@ void Outline::Move(Point to) {
     start_ = current_ = Snapped(to);
 }
 
-void Outline::Line(Point to) { StepTo(Snapped(to)); }
-
-void Outline::Close() {
-    StepTo(start_);
-    JoinWithFirstChain();
-    EndChain();
-    firstChain_ = chains_.size();
+inline void Outline::Extend(Point to) {
+    points_.push_back(to);
+    least_.x = std::min(least_.x, to.x);
+    greatest_.x = std::max(greatest_.x, to.x);
 }
 
-void Outline::StepTo(Point to) {
+inline void Outline::StepTo(Point to) {
     if (to == current_) {
         return;
     }
@@ -59,10 +60,13 @@ void Outline::StepTo(Point to) {
     current_ = to;
 }
 
-void Outline::Extend(Point to) {
-    points_.push_back(to);
-    least_ = {std::min(least_.x, to.x), std::min(least_.y, to.y)};
-    greatest_ = {std::max(greatest_.x, to.x), std::max(greatest_.y, to.y)};
+void Outline::Line(Point to) { StepTo(Snapped(to)); }
+
+void Outline::Close() {
+    StepTo(start_);
+    JoinWithFirstChain();
+    EndChain();
+    firstChain_ = chains_.size();
 }
 
 void Outline::BeginChain(std::int32_t direction) {
@@ -79,6 +83,8 @@ void Outline::EndChain() {
         std::reverse(points_.begin() + chainStart_, points_.end());
     }
     chains_.push_back({chainStart_, static_cast<std::uint32_t>(points_.size() - 1), direction_});
+    least_.y = std::min(least_.y, points_[chainStart_].y);
+    greatest_.y = std::max(greatest_.y, points_.back().y);
     direction_ = 0;
 }
 

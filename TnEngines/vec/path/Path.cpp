@@ -6,8 +6,9 @@ namespace tn::vec {
 namespace {
 
 template <class Item> void Reserve(std::vector<Item>& items, std::size_t more) {
+    constexpr std::size_t kFew = 32;
     if (items.capacity() - items.size() < more) {
-        items.reserve(std::max(items.size() + more, 2 * items.capacity()));
+        items.reserve(std::max({items.size() + more, 2 * items.capacity(), kFew}));
     }
 }
 

@@ -24,8 +24,15 @@ struct CellRange {
 /// from the row's left end; the height from one end to the other is in 1/kWhole, below 0 where the outline goes up.
 class RowLine {
 public:
-    RowLine(double xTop, double xBottom, std::int32_t height)
-        : left_(Fixed(std::min(xTop, xBottom))), right_(Fixed(std::max(xTop, xBottom))), height_(height) {}
+    /// x in 1/65536 of a pixel, floored.
+    static std::int64_t Fixed(double x) {
+        constexpr std::int64_t kBias = std::int64_t{1} << 48; // more than there is to the left
+        return static_cast<std::int64_t>(x * static_cast<double>(kPixel) + static_cast<double>(kBias)) - kBias;
+    }
+
+    RowLine() = default;
+    RowLine(std::int64_t xTop, std::int64_t xBottom, std::int32_t height)
+        : left_(std::min(xTop, xBottom)), right_(std::max(xTop, xBottom)), height_(height) {}
 
     CellRange Range() const {
         return {static_cast<std::int32_t>(left_ >> kShift), static_cast<std::int32_t>((right_ - 1) >> kShift)};
@@ -72,18 +79,12 @@ private:
     static constexpr int kShift = 16;
     static constexpr std::int64_t kPixel = std::int64_t{1} << kShift;
 
-    // Floored, also to the left of the row.
-    static std::int64_t Fixed(double x) {
-        const auto fixed = static_cast<std::int64_t>(x * static_cast<double>(kPixel));
-        return fixed - (static_cast<double>(fixed) > x * static_cast<double>(kPixel) ? 1 : 0);
-    }
-
     static std::int32_t Beside(std::int64_t height, std::int64_t twiceFraction) {
         return static_cast<std::int32_t>((height * twiceFraction + kPixel) >> (kShift + 1));
     }
 
-    std::int64_t left_, right_;
-    std::int32_t height_;
+    std::int64_t left_ = 0, right_ = 0;
+    std::int32_t height_ = 0;
 };
 
 /// For each pixel, the change from its left neighbour of the area to the right of lines, which counts as often as they

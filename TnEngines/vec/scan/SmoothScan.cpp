@@ -7,6 +7,9 @@
 namespace tn::vec {
 namespace {
 
+// Room for most shapes.
+constexpr std::size_t kFewChains = 8;
+
 std::int32_t HeightIn(std::int32_t row, double y) { return static_cast<std::int32_t>((y - row) * kWhole); }
 
 std::uint8_t CoverageOf(double area) { return static_cast<std::uint8_t>(static_cast<int>(area * kCovered + 0.5)); }
@@ -42,6 +45,10 @@ void SmoothScan::Prepare(const Outline& outline) {
     free_.clear();
     entries_.clear();
     waiting_.clear();
+    waiting_.reserve(outline.Chains().size());
+    active_.reserve(kFewChains);
+    entries_.reserve(kFewChains);
+    free_.reserve(kFewChains);
     for (const Chain& chain : outline.Chains()) {
         if (points_[chain.last].y > box_.top && points_[chain.first].y < box_.bottom) {
             waiting_.push_back({RowOf(chain), chain});
@@ -134,9 +141,9 @@ bool SmoothScan::GoThroughRow() {
         hasFinished_ = hasFinished_ || active.place.IsAtEnd();
         entry.first = active.range.first;
         areApart = areApart && entry.first > before && active.least >= 0;
-        before = active.range.last;
+        before = active.range.last + (active.isInCells ? 1 : 0); // the next cell takes in what is beside the last
     }
-    return areApart && before < box_.Width();
+    return areApart && before <= box_.Width() - 1;
 }
 
 void SmoothScan::GoThroughWhole(ActiveChain& active) {
@@ -147,27 +154,36 @@ void SmoothScan::GoThroughWhole(ActiveChain& active) {
     active.isInCells = false;
     active.least = std::min(active.xTop, active.xBottom);
     active.greatest = std::max(active.xTop, active.xBottom);
-    active.range = RowLine(active.xTop, active.xBottom, kWhole * active.direction).Range();
+    active.line = RowLine(RowLine::Fixed(active.xTop), RowLine::Fixed(active.xBottom), kWhole * active.direction);
+    active.range = active.line.Range();
     active.top = 0;
     active.bottom = kWhole;
 }
 
 void SmoothScan::GoThroughLines(ActiveChain& active) {
-    active.atRowTop = active.place;
-    active.xTop = active.least = active.greatest = active.place.X() - box_.left;
-    std::int32_t height = active.top = HeightIn(y_, active.place.Y());
-    active.range = {};
-    GoDown(active.place, y_ + 1, [&](Point from, Point to) {
-        const double x = to.x - box_.left;
-        const std::int32_t reached = HeightIn(y_, to.y);
-        active.least = std::min(active.least, x);
-        active.greatest = std::max(active.greatest, x);
-        const RowLine line(from.x - box_.left, x, (reached - height) * active.direction);
+    ChainPlace place = active.atRowTop = active.place;
+    double least = active.xTop = place.X() - box_.left;
+    double greatest = least;
+    std::int64_t x = RowLine::Fixed(least);
+    std::int32_t height = active.top = HeightIn(y_, place.Y());
+    CellRange range;
+    do {
+        place.GoDown(y_ + 1);
+        active.xBottom = place.X() - box_.left;
+        least = std::min(least, active.xBottom);
+        greatest = std::max(greatest, active.xBottom);
+        const std::int64_t xReached = RowLine::Fixed(active.xBottom);
+        const std::int32_t reached = HeightIn(y_, place.Y());
+        const RowLine line(x, xReached, (reached - height) * active.direction);
         cells_.Add(line);
-        active.range.Add(line.Range());
+        range.Add(line.Range());
+        x = xReached;
         height = reached;
-    });
-    active.xBottom = active.place.X() - box_.left;
+    } while (height < kWhole && !place.IsAtEnd());
+    active.place = place;
+    active.least = least;
+    active.greatest = greatest;
+    active.range = range;
     active.isWhole = false;
     active.isInCells = true;
     active.bottom = height;
@@ -242,10 +258,10 @@ void SmoothScan::CoverBesideLine(const ActiveChain& chain, std::int64_t winding)
         return;
     }
     std::uint8_t* const coverage = row_.Bytes(box_.left + range.first, range.last + 1 - range.first);
-    RowLine(chain.xTop, chain.xBottom, kWhole * chain.direction)
-        .ForEachCell(box_.Width(), [&](std::int32_t x, std::int32_t before, std::int32_t height, std::int32_t beside) {
-            coverage[x - range.first] = SumCoverage(winding * kWhole + before + height - beside);
-        });
+    chain.line.ForEachCell(box_.Width(),
+                           [&](std::int32_t x, std::int32_t before, std::int32_t height, std::int32_t beside) {
+                               coverage[x - range.first] = SumCoverage(winding * kWhole + before + height - beside);
+                           });
     x_ = range.last + 1;
 }
 
@@ -255,7 +271,7 @@ void SmoothScan::AddWholeLines() {
     for (const Entry& entry : entries_) {
         ActiveChain& active = active_[entry.chain];
         if (!active.isInCells) {
-            cells_.Add(RowLine(active.xTop, active.xBottom, kWhole * active.direction));
+            cells_.Add(active.line);
         }
     }
 }

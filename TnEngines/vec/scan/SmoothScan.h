@@ -34,6 +34,7 @@ private:
         bool isInCells;           ///< The area beside it has been added to the cells.
         double xTop, xBottom;     ///< Where it enters and leaves the row.
         double least, greatest;   ///< How far it gets to the left and to the right.
+        RowLine line;             ///< Itself, where it is whole.
         CellRange range;          ///< The pixels that it runs through.
         std::int32_t top, bottom; ///< Its heights.
         ChainPlace atRowTop;      ///< Where it enters, unless it is whole.
