@@ -1,10 +1,13 @@
 // Takes a picture through fills, patterns, blending towards a colour, opacity and erasing, combines it with a second
 // one by every operator, shows that one through matrices, gives both lettering, shadows and textures by their alphas,
-// and writes what comes out.
+// draws a title card over them with a font's letters, and writes what comes out.
 #include "Alpha.h"
+#include "EdgeSheet.h"
+#include "FontOutlines.h"
 #include "Operators.h"
 #include "Picture.h"
 #include "Png.h"
+#include "TitleCard.h"
 #include "Transforms.h"
 
 #include <algorithm>
@@ -100,12 +103,22 @@ TnImage ReadPicture(const std::string& path) {
     return picture;
 }
 
-void Run(const std::string& folder, const std::string& photoPath, const std::string& subjectPath) {
-    TnImage::SetDefaultCancelProc(ShowProgress);
-    const TnImage photo = ReadPicture(photoPath);
-    const TnImage subject = ReadPicture(subjectPath);
+struct Arguments {
+    std::string folder;
+    std::string lightFont;
+    std::string boldFont;
+    std::string photo;
+    std::string subject;
+};
 
-    Gallery gallery(folder);
+void Run(const Arguments& given) {
+    TnImage::SetDefaultCancelProc(ShowProgress);
+    const TnGraphicsMem graphics(64 << 20, BasekitFromAscii("en_US"));
+    const Typeface type = {Font(given.lightFont), Font(given.boldFont)};
+    const TnImage photo = ReadPicture(given.photo);
+    const TnImage subject = ReadPicture(given.subject);
+
+    Gallery gallery(given.folder);
     const auto edited = [&photo](auto edit) {
         return [&photo, edit] {
             TnImage image = photo;
@@ -131,17 +144,20 @@ void Run(const std::string& folder, const std::string& photoPath, const std::str
                 [&] { return MakeTransformSheet(photo, subject); });
     gallery.Add("alpha", "lettering and cut-outs with smooth edges, shadows, outlines and textures",
                 [&] { return MakeAlphaSheet(photo, subject); });
+    gallery.Add("title-card", "a title card: lettering from a font, shapes and shadows, and a turned print",
+                [&] { return MakeTitleCard(photo, subject, type); });
+    gallery.Add("edges", "lettering and lines with edges of masks and of mattes", [&] { return MakeEdgeSheet(type); });
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
-    if (argc < 3 || argc > 4) {
-        std::fprintf(stderr, "usage: demo folder picture.png [cut-out.png]\n");
+    if (argc < 5 || argc > 6) {
+        std::fprintf(stderr, "usage: demo folder light-font bold-font picture.png [cut-out.png]\n");
         return 2;
     }
     try {
-        Run(argv[1], argv[2], argv[argc - 1]);
+        Run({argv[1], argv[2], argv[3], argv[4], argv[argc - 1]});
     } catch (const std::exception& problem) {
         std::fprintf(stderr, "demo: %s\n", problem.what());
         return 1;

@@ -1,7 +1,5 @@
 #include "examples/viewer/Pictures.h"
 
-#include "examples/Shapes.h"
-
 #include <windows.h>
 
 #include <objidl.h>
@@ -14,43 +12,6 @@
 
 namespace viewer {
 namespace {
-
-constexpr TnPoint kCardSize = {640, 360};
-constexpr TnRect kPanel = {40, 30, 560, 290};
-constexpr TnRect kBand = {40, 268, 560, 52};
-constexpr TnRect kLetters = {80, 14, 480, 270};
-constexpr TnColor kPanelColor = {255, 24, 34, 64};
-constexpr TnColor kBandColor = {255, 255, 176, 32};
-constexpr TnColor kLetterColor = {255, 250, 244, 228};
-constexpr TnColor kShadowColor = {255, 0, 0, 0};
-constexpr int kOpaque = 255;
-
-// A colour through a matte, over what is there.
-void Paint(TnImage& card, const TnMatte& matte, const TnColor& color, int opacity, const TnPoint& at) {
-    TnImage layer(kCardSize);
-    ColorFill(layer, layer.Bounds(), color);
-    TnCopyAlpha(matte, layer, {0, 0});
-    BlendImage(layer, opacity, card, at);
-}
-
-void PaintWithShadow(TnImage& card, const TnMatte& matte, const TnColor& color, int softness) {
-    TnMatte shadow = matte;
-    ProcessAlphaChannel(shadow, 1, softness);
-    Paint(card, shadow, kShadowColor, 150, {0, softness / 2});
-    Paint(card, matte, color, kOpaque, {0, 0});
-}
-
-TnMatte Rectangle(const TnRect& rect) {
-    TnMatte matte(kCardSize, true);
-    AlphaFill(matte, rect, 255);
-    return matte;
-}
-
-TnMatte Lettering() {
-    TnMatte matte(kCardSize, true);
-    DownSample(DrawLettering({kLetters.width, kLetters.height}), matte, {kLetters.left, kLetters.top});
-    return matte;
-}
 
 void CopyRows(const Gdiplus::BitmapData& from, TnImage& image) {
     const auto* row = static_cast<const std::uint8_t*>(from.Scan0);
@@ -76,14 +37,6 @@ std::optional<TnImage> ReadPicture(const wchar_t* path) {
     CopyRows(data, image);
     file.UnlockBits(&data);
     return image;
-}
-
-TnImage DrawCard() {
-    TnImage card(kCardSize, true);
-    PaintWithShadow(card, Rectangle(kPanel), kPanelColor, 16);
-    PaintWithShadow(card, Rectangle(kBand), kBandColor, 4);
-    PaintWithShadow(card, Lettering(), kLetterColor, 8);
-    return card;
 }
 
 TnImage DrawCheckerboard(const TnPoint& size) {

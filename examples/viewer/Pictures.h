@@ -10,9 +10,6 @@ namespace viewer {
 /// Reads a picture from a file, in any format that GDI+ reads.
 std::optional<TnImage> ReadPicture(const wchar_t* path);
 
-/// A card with soft corners that the library draws by itself.
-TnImage DrawCard();
-
 /// The ground of transparent pictures.
 TnImage DrawCheckerboard(const TnPoint& size);
 

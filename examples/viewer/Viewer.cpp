@@ -1,5 +1,6 @@
 // Shows a picture in a window: the wheel zooms, dragging moves, F fits, the space bar changes between blending over a
 // checkerboard and copying, Escape ends.
+#include "examples/viewer/Card.h"
 #include "examples/viewer/Pictures.h"
 #include "examples/viewer/View.h"
 
