@@ -19,23 +19,42 @@ inline constexpr int kMostChords = 4096;
 class Cubic {
 public:
     Cubic(Point start, Point control1, Point control2, Point end)
-        : first_(start - 2 * control1 + control2), second_(control1 - 2 * control2 + end),
-          a_(end - start + 3 * (control1 - control2)), b_(3 * first_), c_(3 * (control1 - start)), start_(start) {}
+        : a_(end - start + 3 * (control1 - control2)), b_(3 * (start - 2 * control1 + control2)),
+          c_(3 * (control1 - start)), start_(start) {}
 
-    Point At(double t) const {
-        return {((a_.x * t + b_.x) * t + c_.x) * t + start_.x, ((a_.y * t + b_.y) * t + c_.y) * t + start_.y};
+    Point At(double t) const { return start_ + t * (c_ + t * (b_ + t * a_)); }
+
+    /// A part of the parameter over which any chord will do: chords are at most |B''| part part / 8 away, and |B''|,
+    /// which is linear, is greatest at an end.
+    double SafePart(double flatness) const {
+        const Point first = Bend(0);
+        const Point last = Bend(1);
+        const double bend = std::sqrt(std::max(Dot(first, first), Dot(last, last)));
+        const double chords = std::sqrt(bend / (8 * flatness));
+        return chords < kMostChords ? 1 / std::max(1.0, std::ceil(chords)) : 1.0 / kMostChords;
     }
 
-    /// A chord over the n-th part of the parameter is at most |B''| / (8 n n) away, and |B''|, which is linear, at most
-    /// 6 times the larger second difference of the control points.
-    int Chords(double flatness) const {
-        const double difference = std::sqrt(std::max(Dot(first_, first_), Dot(second_, second_)));
-        const double chords = std::sqrt(0.75 * difference / flatness);
-        return chords < kMostChords ? std::max(1, static_cast<int>(std::ceil(chords))) : kMostChords;
+    /// How many times as long a part may be as one from t on, for a chord to be flatness away from it; 0 where the
+    /// curve turns back along the chord. Away from the chord only the bend across it leads.
+    double Reach(double t, double part, Point chord, double flatness) const {
+        const Point heading = Heading(t);
+        const Point bend = Bend(t);
+        const Point middle = heading + (part / 2) * bend; // of the control points of the heading over the part
+        if (Dot(chord, heading) < 0 || Dot(chord, middle) < 0 || Dot(chord, Heading(t + part)) < 0) {
+            return 0;
+        }
+        const double across = std::max(std::abs(Cross(chord, bend)), std::abs(Cross(chord, Bend(t + part))));
+        const double away = across * part * part;
+        const double length = std::sqrt(Dot(chord, chord));
+        return away > 0 ? std::sqrt(8 * flatness * length / away) : kLongest;
     }
+
+    static constexpr double kLongest = 4;
 
 private:
-    Point first_, second_;
+    Point Heading(double t) const { return c_ + t * (2 * b_ + (3 * t) * a_); }
+    Point Bend(double t) const { return 2 * b_ + (6 * t) * a_; }
+
     Point a_, b_, c_, start_;
 };
 
@@ -45,16 +64,46 @@ inline Point Heading(Point first, Point second, Point third) {
     return first != nowhere ? first : second != nowhere ? second : third;
 }
 
-template <class Lines> void FlattenCurve(Point start, const Point* points, double flatness, Lines& lines) {
-    const Point end = points[2];
-    const Cubic curve(start, points[0], points[1], end);
-    const int chords = curve.Chords(flatness);
-    const double step = 1.0 / chords;
-    lines.BeginCurve(Heading(points[0] - start, points[1] - start, end - start));
-    for (int i = 1; i < chords; ++i) {
-        lines.Line(curve.At(i * step));
+/// Chords over equal parts.
+template <class Lines> void FlattenEvenly(const Cubic& curve, double part, Point end, Lines& lines) {
+    for (double t = part; t < 1 - part / 2; t += part) {
+        lines.Line(curve.At(t));
     }
     lines.Line(end);
+}
+
+/// Chords over parts that are as long as the curve lets them be.
+template <class Lines>
+void FlattenByBend(const Cubic& curve, double safe, Point start, Point end, double flatness, Lines& lines) {
+    constexpr double kCaution = 0.96; // for parts that bend more than those before
+    Point from = start;
+    double part = 1.5 * safe;
+    for (double t = 0; t < 1;) {
+        part = std::min(part, 1 - t);
+        const Point to = t + part < 1 ? curve.At(t + part) : end;
+        const double reach = curve.Reach(t, part, to - from, flatness);
+        if (reach < 1 && part > safe) {
+            part = std::max(safe, part * std::max(0.5, kCaution * reach));
+            continue;
+        }
+        lines.Line(to);
+        from = to;
+        t = t + part < 1 ? t + part : 1;
+        part = std::max(safe, part * std::min(Cubic::kLongest, kCaution * reach));
+    }
+}
+
+template <class Lines> void FlattenCurve(Point start, const Point* points, double flatness, Lines& lines) {
+    constexpr double kFewChords = 16; // too few to look for longer ones
+    const Point end = points[2];
+    const Cubic curve(start, points[0], points[1], end);
+    const double safe = curve.SafePart(flatness);
+    lines.BeginCurve(Heading(points[0] - start, points[1] - start, end - start));
+    if (safe * kFewChords >= 1) {
+        FlattenEvenly(curve, safe, end, lines);
+    } else {
+        FlattenByBend(curve, safe, start, end, flatness, lines);
+    }
     lines.EndCurve(Heading(end - points[1], end - points[0], end - start));
 }
 

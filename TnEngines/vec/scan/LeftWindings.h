@@ -39,8 +39,12 @@ public:
 
     /// Adds an edge that lies wholly to the left.
     void Add(std::int32_t top, std::int32_t bottom, std::int32_t direction) {
-        ChangeAt(top, direction);
-        ChangeAt(bottom, -direction);
+        if (top == 0 && bottom == kWhole) {
+            atTop_ += direction;
+        } else {
+            ChangeAt(top, direction);
+            ChangeAt(bottom, -direction);
+        }
     }
 
     std::int64_t AtTop() const { return atTop_; }

@@ -91,13 +91,8 @@ void SmoothScan::RunRow(CoverageSink& sink) {
     EnterChainsOf(y_);
     const std::int32_t rows = EqualRows();
     row_.Clear();
-    if (GoThroughRow()) {
-        CoverRowApart();
-    } else {
-        AddWholeLines();
-        Sort();
-        CoverRow();
-    }
+    GoThroughRow();
+    CoverRow();
     sink.Cover(y_, y_ + rows, row_);
     y_ += rows;
     if (rows > 1) {
@@ -125,10 +120,9 @@ std::int32_t SmoothScan::EqualRows() const {
     return std::max(1, static_cast<std::int32_t>(std::floor(until)) - y_);
 }
 
-// True where all chains run through all of the row, each to the right of the pixels of the one before.
-bool SmoothScan::GoThroughRow() {
-    bool areApart = true;
-    std::int32_t before = -1;
+void SmoothScan::GoThroughRow() {
+    bool isSorted = true;
+    std::int32_t before = INT32_MIN;
     hasFinished_ = false;
     for (Entry& entry : entries_) {
         ActiveChain& active = active_[entry.chain];
@@ -136,14 +130,15 @@ bool SmoothScan::GoThroughRow() {
             GoThroughWhole(active);
         } else {
             GoThroughLines(active);
-            areApart = areApart && active.top == 0 && active.bottom == kWhole;
         }
         hasFinished_ = hasFinished_ || active.place.IsAtEnd();
         entry.first = active.range.first;
-        areApart = areApart && entry.first > before && active.least >= 0;
-        before = active.range.last + (active.isInCells ? 1 : 0); // the next cell takes in what is beside the last
+        isSorted = isSorted && entry.first >= before;
+        before = entry.first;
     }
-    return areApart && before <= box_.Width() - 1;
+    if (!isSorted) {
+        Sort();
+    }
 }
 
 void SmoothScan::GoThroughWhole(ActiveChain& active) {
@@ -201,81 +196,6 @@ void SmoothScan::LeaveFinished() {
     entries_.resize(kept);
 }
 
-// Chains apart
-
-inline std::uint8_t SmoothScan::SumCoverage(std::int64_t sum) const {
-    const auto area = static_cast<std::uint64_t>(std::abs(sum));
-    if (rule_ == FillRule::kNonZero) {
-        return CoverageOf(std::min<std::uint64_t>(area, kWhole));
-    }
-    const std::uint64_t beyondEven = area % (2 * kWhole);
-    return CoverageOf(std::min<std::uint64_t>(beyondEven, 2 * kWhole - beyondEven));
-}
-
-// Up to a pixel no chain runs through any.
-inline void SmoothScan::CoverLevel(std::int32_t until, std::uint8_t coverage) {
-    if (x_ < until) {
-        row_.Add(box_.left + x_, until - x_, coverage);
-        x_ = until;
-    }
-}
-
-void SmoothScan::CoverRowApart() {
-    x_ = 0;
-    std::int64_t winding = 0;
-    for (const Entry& entry : entries_) {
-        const ActiveChain& chain = active_[entry.chain];
-        const bool isInsideBefore = IsInside(winding, rule_);
-        const bool isInsideAfter = IsInside(winding + chain.direction, rule_);
-        CoverLevel(entry.first, isInsideBefore ? kCovered : std::uint8_t{0});
-        if (chain.isInCells) {
-            CoverAlone(chain, winding);
-        } else if (isInsideBefore != isInsideAfter) {
-            CoverBesideLine(chain, winding);
-        }
-        winding += chain.direction;
-    }
-    CoverLevel(box_.Width(), IsInside(winding, rule_) ? kCovered : std::uint8_t{0});
-}
-
-void SmoothScan::CoverAlone(const ActiveChain& chain, std::int64_t winding) {
-    std::int64_t sum = winding * kWhole;
-    const CellRange range = chain.range;
-    if (range.first <= range.last) {
-        std::uint8_t* coverage = row_.Bytes(box_.left + range.first, range.last + 1 - range.first);
-        for (std::int32_t x = range.first; x <= range.last; ++x) {
-            sum += cells_.Take(x);
-            *coverage++ = SumCoverage(sum);
-        }
-        x_ = range.last + 1;
-    }
-    cells_.Take(range.last + 1);
-}
-
-void SmoothScan::CoverBesideLine(const ActiveChain& chain, std::int64_t winding) {
-    const CellRange range = chain.range;
-    if (range.last < range.first) {
-        return;
-    }
-    std::uint8_t* const coverage = row_.Bytes(box_.left + range.first, range.last + 1 - range.first);
-    chain.line.ForEachCell(box_.Width(),
-                           [&](std::int32_t x, std::int32_t before, std::int32_t height, std::int32_t beside) {
-                               coverage[x - range.first] = SumCoverage(winding * kWhole + before + height - beside);
-                           });
-    x_ = range.last + 1;
-}
-
-// Chains that may share pixels
-
-void SmoothScan::AddWholeLines() {
-    for (const Entry& entry : entries_) {
-        ActiveChain& active = active_[entry.chain];
-        if (!active.isInCells) {
-            cells_.Add(active.line);
-        }
-    }
-}
-
 // From row to row little changes but where chains cross or many enter.
 void SmoothScan::Sort() {
     const auto isBefore = [](const Entry& a, const Entry& b) { return a.first < b.first; };
@@ -295,69 +215,159 @@ void SmoothScan::Sort() {
     }
 }
 
+inline std::uint8_t SmoothScan::SumCoverage(std::int64_t sum) const {
+    const auto area = static_cast<std::uint64_t>(std::abs(sum));
+    if (rule_ == FillRule::kNonZero) {
+        return CoverageOf(std::min<std::uint64_t>(area, kWhole));
+    }
+    const std::uint64_t beyondEven = area % (2 * kWhole);
+    return CoverageOf(std::min<std::uint64_t>(beyondEven, 2 * kWhole - beyondEven));
+}
+
+// Up to a pixel no chain runs through any.
+inline void SmoothScan::CoverLevel(std::int32_t until) {
+    if (x_ < until) {
+        row_.Add(box_.left + x_, until - x_, CoverageOf(static_cast<std::uint64_t>(left_.Inside(rule_))));
+        x_ = until;
+    }
+}
+
 void SmoothScan::CoverRow() {
     x_ = 0;
     sum_ = 0;
     left_.Clear();
-    const auto levelCoverage = [this] { return CoverageOf(static_cast<std::uint64_t>(left_.Inside(rule_))); };
+    const std::int32_t width = box_.Width();
     for (std::size_t i = 0; i < entries_.size();) {
-        const CellRange& range = active_[entries_[i].chain].range;
-        const std::int32_t first = std::max(range.first, 0);
-        std::int32_t last = range.last;
-        const std::size_t begin = i++;
-        for (; i < entries_.size() && entries_[i].first <= last; ++i) {
+        const std::size_t begin = i;
+        const ActiveChain& chain = active_[entries_[i].chain];
+        std::int32_t last = chain.range.last;
+        for (++i; i < entries_.size() && entries_[i].first <= last; ++i) {
             last = std::max(last, active_[entries_[i].chain].range.last);
         }
-        last = std::clamp(last, -1, box_.Width() - 1);
-        CoverLevel(std::min(first, box_.Width()), levelCoverage());
-        CoverShared({&entries_[begin], i - begin}, last);
-        sum_ += cells_.Take(last + 1);
+        last = std::clamp(last, -1, width - 1);
+        CoverLevel(std::clamp(chain.range.first, 0, width));
+        if (i - begin == 1 && left_.IsLevel()) {
+            CoverAlone(chain, last);
+        } else {
+            CoverShared({&entries_[begin], i - begin}, last);
+        }
     }
-    CoverLevel(box_.Width(), levelCoverage());
-    cells_.Take(box_.Width());
-    cells_.Take(box_.Width() + 1);
+    CoverLevel(width);
+    cells_.Take(width);
+    cells_.Take(width + 1);
+}
+
+// The pixels up to the last, in which is no other chain.
+void SmoothScan::CoverAlone(const ActiveChain& chain, std::int32_t last) {
+    const std::int64_t winding = left_.AtTop();
+    if (chain.isInCells) {
+        CoverFromCells(last);
+    } else {
+        if (IsInside(winding, rule_) == IsInside(winding + chain.direction, rule_)) {
+            CoverLevel(last + 1);
+        } else if (x_ <= last) {
+            CoverBesideLine(chain.line, winding, last);
+        }
+        sum_ += kWhole * chain.direction;
+    }
+    Pass(chain);
+}
+
+void SmoothScan::CoverFromCells(std::int32_t last) {
+    if (x_ <= last) {
+        std::uint8_t* coverage = row_.Bytes(box_.left + x_, last + 1 - x_);
+        std::int64_t sum = sum_;
+        for (std::int32_t x = x_; x <= last; ++x) {
+            sum += cells_.Take(x);
+            *coverage++ = SumCoverage(sum);
+        }
+        sum_ = sum;
+        x_ = last + 1;
+    }
+    sum_ += cells_.Take(last + 1);
+}
+
+void SmoothScan::CoverBesideLine(const RowLine& line, std::int64_t winding, std::int32_t last) {
+    std::uint8_t* const coverage = row_.Bytes(box_.left + x_, last + 1 - x_);
+    line.ForEachCell(box_.Width(), [&](std::int32_t x, std::int32_t before, std::int32_t height, std::int32_t beside) {
+        coverage[x - x_] = SumCoverage(winding * kWhole + before + height - beside);
+    });
+    x_ = last + 1;
 }
 
 // The pixels up to the last, in each of which is one of the chains or more.
 void SmoothScan::CoverShared(Entries entries, std::int32_t last) {
+    for (const Entry& entry : entries) {
+        const ActiveChain& chain = active_[entry.chain];
+        if (!chain.isInCells) {
+            cells_.Add(chain.line);
+        }
+    }
     std::uint8_t* coverage = x_ <= last ? row_.Bytes(box_.left + x_, last + 1 - x_) : nullptr;
     sharing_.clear();
-    std::size_t next = 0;
-    for (; x_ <= last; ++x_) {
-        std::erase_if(sharing_, [this](const ActiveChain* chain) {
-            const bool isPassed = chain->range.last < x_;
-            if (isPassed) {
-                Pass(*chain);
-            }
-            return isPassed;
-        });
-        for (; next < entries.size() && entries[next].first <= x_; ++next) {
-            const ActiveChain& chain = active_[entries[next].chain];
-            if (chain.range.last < x_) {
-                Pass(chain);
-            } else {
-                sharing_.push_back(&chain);
-            }
+    while (x_ <= last) {
+        const std::int32_t until = std::min(last, ShareFrom(x_, entries));
+        const Sharing sharing = HowTheyShare();
+        for (; x_ <= until; ++x_) {
+            sum_ += cells_.Take(x_);
+            *coverage++ = SharedCoverage(sharing, x_);
         }
-        sum_ += cells_.Take(x_);
-        *coverage++ = SharedCoverage(x_);
     }
     for (const ActiveChain* const chain : sharing_) {
         Pass(*chain);
     }
-    for (; next < entries.size(); ++next) {
-        Pass(active_[entries[next].chain]);
+    for (const Entry& entry : entries) {
+        Pass(active_[entry.chain]);
     }
+    sum_ += cells_.Take(last + 1);
+}
+
+// The chains that share a pixel; the others are passed, or are left in the entries. Gives the last pixel that they
+// share.
+std::int32_t SmoothScan::ShareFrom(std::int32_t x, Entries& entries) {
+    std::size_t kept = 0;
+    std::int32_t until = INT32_MAX;
+    const auto share = [&](const ActiveChain& chain) {
+        if (chain.range.last < x) {
+            Pass(chain);
+            return false;
+        }
+        until = std::min(until, chain.range.last);
+        return true;
+    };
+    for (const ActiveChain* const chain : sharing_) {
+        if (share(*chain)) {
+            sharing_[kept++] = chain;
+        }
+    }
+    sharing_.resize(kept);
+    for (; !entries.empty() && entries.front().first <= x; entries = entries.subspan(1)) {
+        const ActiveChain& chain = active_[entries.front().chain];
+        if (share(chain)) {
+            sharing_.push_back(&chain);
+        }
+    }
+    return entries.empty() ? until : std::min(until, entries.front().first - 1);
 }
 
 // Where windings differ by one at most, the areas beside the chains cannot but add up. Where none is 0, all is covered.
-std::uint8_t SmoothScan::SharedCoverage(std::int32_t x) {
+SmoothScan::Sharing SmoothScan::HowTheyShare() const {
     const WindingRange range = WindingsWithin();
     if (range.greatest - range.least <= 1) {
-        return SumCoverage(sum_);
+        return Sharing::kAddUp;
     }
-    if (rule_ == FillRule::kNonZero && (range.least > 0 || range.greatest < 0)) {
+    const bool isCovered = rule_ == FillRule::kNonZero && (range.least > 0 || range.greatest < 0);
+    return isCovered ? Sharing::kCoverAll : Sharing::kOverlap;
+}
+
+std::uint8_t SmoothScan::SharedCoverage(Sharing sharing, std::int32_t x) {
+    switch (sharing) {
+    case Sharing::kAddUp:
+        return SumCoverage(sum_);
+    case Sharing::kCoverAll:
         return kCovered;
+    case Sharing::kOverlap:
+        break;
     }
     return AreaCoverage(x);
 }

@@ -52,6 +52,8 @@ private:
     };
     using Entries = std::span<const Entry>;
 
+    enum class Sharing { kAddUp, kCoverAll, kOverlap };
+
     // From row to row
     void Prepare(const Outline& outline);
     std::int32_t RowOf(const Chain& chain) const;
@@ -59,29 +61,28 @@ private:
     void EnterChainsOf(std::int32_t row);
     void RunRow(CoverageSink& sink);
     std::int32_t EqualRows() const;
-    bool GoThroughRow();
+    void GoThroughRow();
     void GoThroughWhole(ActiveChain& active);
     void GoThroughLines(ActiveChain& active);
     void LeaveFinished();
 
-    // Chains apart
-    void CoverRowApart();
-    void CoverAlone(const ActiveChain& chain, std::int64_t winding);
-    void CoverBesideLine(const ActiveChain& chain, std::int64_t winding);
-
-    // Chains that may share pixels
-    void AddWholeLines();
     void Sort();
+
+    // In a row
     void CoverRow();
+    void CoverLevel(std::int32_t until);
+    void CoverAlone(const ActiveChain& chain, std::int32_t last);
+    void CoverFromCells(std::int32_t last);
+    void CoverBesideLine(const RowLine& line, std::int64_t winding, std::int32_t last);
     void CoverShared(Entries entries, std::int32_t last);
-    std::uint8_t SharedCoverage(std::int32_t x);
+    std::int32_t ShareFrom(std::int32_t x, Entries& entries);
+    Sharing HowTheyShare() const;
+    std::uint8_t SharedCoverage(Sharing sharing, std::int32_t x);
     WindingRange WindingsWithin() const;
     static bool IsBeside(const ActiveChain& left, const ActiveChain& right);
     std::uint8_t AreaCoverage(std::int32_t x);
     std::uint8_t SumCoverage(std::int64_t sum) const;
     void Pass(const ActiveChain& active) { left_.Add(active.top, active.bottom, active.direction); }
-
-    void CoverLevel(std::int32_t until, std::uint8_t coverage);
 
     const Point* points_ = nullptr;
     FillRule rule_ = FillRule::kNonZero;
