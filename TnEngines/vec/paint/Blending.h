@@ -9,6 +9,15 @@ namespace {
 
 // In a namespace without a name, because each processor level compiles its own copy.
 
+/// Of any alignment.
+inline std::uint32_t LoadWord(const std::uint8_t* pixel) {
+    std::uint32_t word;
+    std::memcpy(&word, pixel, sizeof(word));
+    return word;
+}
+
+inline void StoreWord(std::uint8_t* pixel, std::uint32_t word) { std::memcpy(pixel, &word, sizeof(word)); }
+
 /// x / 255 rounded to nearest, for x of 0..255 x 255.
 inline std::uint32_t Nearest255th(std::uint32_t x) { return ((x + 128) * 257) >> 16; }
 

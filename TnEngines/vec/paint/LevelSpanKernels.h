@@ -7,23 +7,15 @@
 namespace tn::vec {
 namespace {
 
-inline std::uint32_t Load(const std::uint8_t* pixel) {
-    std::uint32_t word;
-    std::memcpy(&word, pixel, sizeof(word));
-    return word;
-}
-
-inline void Store(std::uint8_t* pixel, std::uint32_t word) { std::memcpy(pixel, &word, sizeof(word)); }
-
 void FillImage(std::uint8_t* pixels, std::size_t count, std::uint32_t word) {
     for (std::size_t i = 0; i < count; ++i) {
-        Store(pixels + 4 * i, word);
+        StoreWord(pixels + 4 * i, word);
     }
 }
 
 void BlendImage(std::uint8_t* pixels, std::size_t count, std::uint32_t color, std::uint32_t alpha) {
     for (std::size_t i = 0; i < count; ++i) {
-        Store(pixels + 4 * i, Blended(Load(pixels + 4 * i), color, alpha));
+        StoreWord(pixels + 4 * i, Blended(LoadWord(pixels + 4 * i), color, alpha));
     }
 }
 
@@ -33,11 +25,11 @@ void BlendImageCovered(std::uint8_t* pixels, std::size_t count, std::uint32_t co
     const std::uint32_t alpha = color >> 24;
     for (; count >= kLanes; count -= kLanes, pixels += 4 * kLanes, coverage += kLanes) {
         for (std::size_t i = 0; i < kLanes; ++i) {
-            Store(pixels + 4 * i, Blended(Load(pixels + 4 * i), color, CoveredAlpha(alpha, coverage[i])));
+            StoreWord(pixels + 4 * i, Blended(LoadWord(pixels + 4 * i), color, CoveredAlpha(alpha, coverage[i])));
         }
     }
     for (std::size_t i = 0; i < count; ++i) {
-        Store(pixels + 4 * i, BlendedByCase(Load(pixels + 4 * i), color, CoveredAlpha(alpha, coverage[i])));
+        StoreWord(pixels + 4 * i, BlendedByCase(LoadWord(pixels + 4 * i), color, CoveredAlpha(alpha, coverage[i])));
     }
 }
 

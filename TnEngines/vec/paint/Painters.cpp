@@ -9,14 +9,15 @@ namespace {
 constexpr std::uint32_t kOpaque = 255;
 constexpr std::uint8_t kHalf = 128;
 
-template <class PaintSpan>
-void PaintRows(const Target& target, std::int32_t top, std::int32_t bottom, const CoverageRow& row,
-               const PaintSpan& paintSpan) {
-    for (std::int32_t y = top; y < bottom; ++y) {
-        std::uint8_t* const pixels = target.Row(y);
-        for (const CoverageSpan& span : row.Spans()) {
-            paintSpan(pixels, span);
-        }
+// Too few pixels to call a kernel for.
+constexpr std::size_t kFew = 4;
+
+// Does the same to the pixels from a column on in each row.
+template <class Paint>
+void ForEachRow(const Target& target, std::int32_t x, std::int32_t top, std::int32_t bottom, const Paint& paint) {
+    std::uint8_t* pixels = target.At(x, top);
+    for (std::int32_t y = top; y < bottom; ++y, pixels += target.rowBytes) {
+        paint(pixels);
     }
 }
 
@@ -28,44 +29,63 @@ ImagePainter::ImagePainter(const Target& target, const PaintColor& color)
              static_cast<std::uint32_t>(color.green) << 8 | color.blue) {}
 
 void ImagePainter::Cover(std::int32_t top, std::int32_t bottom, const CoverageRow& row) {
-    PaintRows(target_, top, bottom, row, [this](std::uint8_t* pixels, const CoverageSpan& span) {
-        PaintSpan(pixels + std::size_t{4} * static_cast<std::size_t>(span.x - target_.bounds.left), span);
-    });
+    for (const CoverageSpan& span : row.Spans()) {
+        PaintSpan(top, bottom, span);
+    }
 }
 
-void ImagePainter::PaintSpan(std::uint8_t* pixels, const CoverageSpan& span) const {
+void ImagePainter::PaintSpan(std::int32_t top, std::int32_t bottom, const CoverageSpan& span) const {
     const auto count = static_cast<std::size_t>(span.length);
+    const auto forEachRow = [&](const auto& paint) { ForEachRow(target_, span.x, top, bottom, paint); };
     const std::uint32_t alpha = CoveredAlpha(color_ >> 24, span.all);
     if (span.bytes != nullptr) {
-        Kernels().blendImageCovered(pixels, count, color_, span.bytes);
+        forEachRow([&](std::uint8_t* pixels) { kernels_.blendImageCovered(pixels, count, color_, span.bytes); });
     } else if (alpha == kOpaque) {
-        Kernels().fillImage(pixels, count, color_);
+        forEachRow([&](std::uint8_t* pixels) { kernels_.fillImage(pixels, count, color_); });
+    } else if (count < kFew) {
+        forEachRow([&](std::uint8_t* pixels) {
+            for (std::size_t i = 0; i < count; ++i) {
+                StoreWord(pixels + 4 * i, BlendedByCase(LoadWord(pixels + 4 * i), color_, alpha));
+            }
+        });
     } else {
-        Kernels().blendImage(pixels, count, color_, alpha);
+        forEachRow([&](std::uint8_t* pixels) { kernels_.blendImage(pixels, count, color_, alpha); });
     }
 }
 
 void MattePainter::Cover(std::int32_t top, std::int32_t bottom, const CoverageRow& row) {
-    PaintRows(target_, top, bottom, row, [this](std::uint8_t* pixels, const CoverageSpan& span) {
-        PaintSpan(pixels + (span.x - target_.bounds.left), span);
-    });
+    for (const CoverageSpan& span : row.Spans()) {
+        PaintSpan(top, bottom, span);
+    }
 }
 
-void MattePainter::PaintSpan(std::uint8_t* pixels, const CoverageSpan& span) const {
+void MattePainter::PaintSpan(std::int32_t top, std::int32_t bottom, const CoverageSpan& span) const {
     const auto count = static_cast<std::size_t>(span.length);
+    const auto forEachRow = [&](const auto& paint) { ForEachRow(target_, span.x, top, bottom, paint); };
     const std::uint32_t alpha = CoveredAlpha(color_.alpha, span.all);
     if (span.bytes != nullptr) {
-        Kernels().blendMatteCovered(pixels, count, color_.gray, color_.alpha, span.bytes);
+        forEachRow([&](std::uint8_t* pixels) {
+            kernels_.blendMatteCovered(pixels, count, color_.gray, color_.alpha, span.bytes);
+        });
     } else if (alpha == kOpaque) {
-        std::memset(pixels, color_.gray, count);
+        forEachRow([&](std::uint8_t* pixels) { std::memset(pixels, color_.gray, count); });
+    } else if (count < kFew) {
+        forEachRow([&](std::uint8_t* pixels) {
+            for (std::size_t i = 0; i < count; ++i) {
+                pixels[i] = static_cast<std::uint8_t>(BlendedMatte(pixels[i], color_.gray, alpha));
+            }
+        });
     } else {
-        Kernels().blendMatte(pixels, count, color_.gray, alpha);
+        forEachRow([&](std::uint8_t* pixels) { kernels_.blendMatte(pixels, count, color_.gray, alpha); });
     }
 }
 
 void MaskPainter::Cover(std::int32_t top, std::int32_t bottom, const CoverageRow& row) {
-    PaintRows(target_, top, bottom, row,
-              [this](std::uint8_t* pixels, const CoverageSpan& span) { PaintSpan(pixels, span); });
+    for (std::int32_t y = top; y < bottom; ++y) {
+        for (const CoverageSpan& span : row.Spans()) {
+            PaintSpan(target_.Row(y), span);
+        }
+    }
 }
 
 bool MaskPainter::Shows(std::uint8_t coverage) const {

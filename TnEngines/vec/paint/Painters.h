@@ -1,6 +1,7 @@
 // Private: covered pixels in the colour of a paint.
 #pragma once
 
+#include "TnEngines/vec/paint/SpanKernels.h"
 #include "TnEngines/vec/scan/Box.h"
 #include "TnEngines/vec/scan/Coverage.h"
 
@@ -17,6 +18,11 @@ struct Target {
     std::int32_t bitsPerPixel = 0; ///< 32, 8 or 1
 
     std::uint8_t* Row(std::int32_t y) const { return pixels + rowBytes * static_cast<std::size_t>(y - bounds.top); }
+
+    /// Where a pixel begins, unless pixels are bits.
+    std::uint8_t* At(std::int32_t x, std::int32_t y) const {
+        return Row(y) + static_cast<std::size_t>(bitsPerPixel / 8) * static_cast<std::size_t>(x - bounds.left);
+    }
 };
 
 /// A colour as each kind of target takes it.
@@ -40,9 +46,10 @@ public:
     void Cover(std::int32_t top, std::int32_t bottom, const CoverageRow& row) override;
 
 private:
-    void PaintSpan(std::uint8_t* pixels, const CoverageSpan& span) const;
+    void PaintSpan(std::int32_t top, std::int32_t bottom, const CoverageSpan& span) const;
 
     const Target& target_;
+    const SpanKernels& kernels_ = Kernels();
     std::uint32_t color_; // alpha in the top byte
 };
 
@@ -53,9 +60,10 @@ public:
     void Cover(std::int32_t top, std::int32_t bottom, const CoverageRow& row) override;
 
 private:
-    void PaintSpan(std::uint8_t* pixels, const CoverageSpan& span) const;
+    void PaintSpan(std::int32_t top, std::int32_t bottom, const CoverageSpan& span) const;
 
     const Target& target_;
+    const SpanKernels& kernels_ = Kernels();
     PaintColor color_;
 };
 

@@ -94,7 +94,7 @@ void FlattenByBend(const Cubic& curve, double safe, Point start, Point end, doub
 }
 
 template <class Lines> void FlattenCurve(Point start, const Point* points, double flatness, Lines& lines) {
-    constexpr double kFewChords = 16; // too few to look for longer ones
+    constexpr double kFewChords = 80; // too few for longer ones to pay for the search
     const Point end = points[2];
     const Cubic curve(start, points[0], points[1], end);
     const double safe = curve.SafePart(flatness);

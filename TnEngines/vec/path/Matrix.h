@@ -3,6 +3,7 @@
 
 #include "TnEngines/vec/path/Point.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace tn::vec {
@@ -16,6 +17,14 @@ struct Matrix {
     bool IsFinite() const {
         return std::isfinite(a) && std::isfinite(b) && std::isfinite(c) && std::isfinite(d) && std::isfinite(tx) &&
                std::isfinite(ty);
+    }
+
+    /// What distances are stretched by at most.
+    double GreatestScale() const {
+        const double sum = a * a + b * b + c * c + d * d;
+        const double determinant = Determinant();
+        const double root = std::sqrt(std::max(0.0, sum * sum - 4 * determinant * determinant));
+        return std::sqrt((sum + root) / 2);
     }
 
     /// False where the plane collapses, so that there is nothing to see.

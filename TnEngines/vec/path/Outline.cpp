@@ -111,20 +111,18 @@ void Outline::JoinWithFirstChain() {
     chains_.pop_back();
 }
 
-bool IsWholePixelRect(const Outline& outline) {
+bool IsRect(const Outline& outline) {
     const std::vector<Chain>& chains = outline.Chains();
-    if (chains.size() != 2 || chains[0].direction + chains[1].direction != 0) {
+    if (chains.size() != 2 || chains[0].direction == chains[1].direction) {
         return false;
     }
-    const auto isWhole = [](Point point) { return point.x == std::floor(point.x) && point.y == std::floor(point.y); };
-    const Point least = outline.LeastCorner();
-    const Point greatest = outline.GreatestCorner();
     const auto isSide = [&](const Chain& chain) {
         const Point upper = outline.Points()[chain.first];
         const Point lower = outline.Points()[chain.last];
-        return chain.last == chain.first + 1 && upper.x == lower.x && upper.y == least.y && lower.y == greatest.y;
+        return chain.last == chain.first + 1 && upper.x == lower.x && upper.y == outline.LeastCorner().y &&
+               lower.y == outline.GreatestCorner().y;
     };
-    return isWhole(least) && isWhole(greatest) && isSide(chains[0]) && isSide(chains[1]);
+    return isSide(chains[0]) && isSide(chains[1]);
 }
 
 std::int64_t WindingAt(const Outline& outline, Point point) {

@@ -55,8 +55,8 @@ private:
     std::int32_t direction_ = 0;   // of the chain that is being built; 0 for none
 };
 
-/// True for a rectangle between whole pixels, painted in one go.
-bool IsWholePixelRect(const Outline& outline);
+/// True for an upright rectangle, around which the outline goes once.
+bool IsRect(const Outline& outline);
 
 /// How often an outline winds around a point. Points on left and upper edges count as inside.
 std::int64_t WindingAt(const Outline& outline, Point point);

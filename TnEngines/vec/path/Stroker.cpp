@@ -12,14 +12,6 @@ constexpr double kLeastLength = 1.0 / (1 << 20);
 // A half circle gets no more than 2 to the power of this chords.
 constexpr int kDeepestArc = 10;
 
-// What a matrix stretches most by.
-double GreatestScale(const Matrix& m) {
-    const double sum = m.a * m.a + m.b * m.b + m.c * m.c + m.d * m.d;
-    const double determinant = m.Determinant();
-    const double root = std::sqrt(std::max(0.0, sum * sum - 4 * determinant * determinant));
-    return std::sqrt((sum + root) / 2);
-}
-
 // A chord over an angle is r (1 - cos(angle / 2)) away from its arc.
 double FlatCosine(double radius, double flatness) {
     const double cosine = 1 - std::min(1.0, flatness / radius); // of half the angle
@@ -30,7 +22,7 @@ double FlatCosine(double radius, double flatness) {
 
 Stroker::Stroker(const Pen& pen, double flatness, Outline& outline)
     : pen_(pen), outline_(outline), halfWidth_(pen.width / 2), flatness_(flatness),
-      flatCosine_(FlatCosine(halfWidth_ * GreatestScale(pen.matrix), flatness)) {}
+      flatCosine_(FlatCosine(halfWidth_ * pen.matrix.GreatestScale(), flatness)) {}
 
 void Stroker::Stroke(const Path& path) {
     Flatten(path, flatness_, *this);

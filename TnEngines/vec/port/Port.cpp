@@ -21,6 +21,8 @@ double Finite(double coordinate) {
     return std::clamp(coordinate, -kGreatest, kGreatest);
 }
 
+bool IsBetweenPixels(Point corner) { return corner.x == std::floor(corner.x) && corner.y == std::floor(corner.y); }
+
 constexpr PaintColor kWhite = {255, 255, 255, 255, 255};
 
 } // namespace
@@ -192,8 +194,7 @@ void Port::OutlinePath() {
 // Gives how wide a line is of the pixel that it is drawn as; 1 for wider lines.
 double Port::OutlineStroke() {
     const double width = std::abs(state_.lineWidth);
-    const double pixels = width * std::sqrt(std::abs(state_.matrix.Determinant()));
-    const bool isWidened = pixels < 1 && (state_.options & kVecThinLineCare) != 0;
+    const bool isWidened = width * state_.matrix.GreatestScale() < 1 && (state_.options & kVecThinLineCare) != 0;
     Pen pen = {width, state_.cap, state_.join, state_.matrix};
     if (width == 0 || isWidened) {
         pen.width = 1;
@@ -202,7 +203,8 @@ double Port::OutlineStroke() {
     outline_.Clear();
     Stroker(pen, state_.flatness, outline_).Stroke(state_.path);
     outline_.Finish();
-    return width != 0 && isWidened && PaintsSmooth() ? pixels : 1;
+    const bool isThinned = width != 0 && isWidened && PaintsSmooth();
+    return isThinned ? width * std::sqrt(std::abs(state_.matrix.Determinant())) : 1;
 }
 
 bool Port::PaintsSmooth() const { return target_.bitsPerPixel != 1 && (state_.options & kVecSmoothPaint) != 0; }
@@ -210,7 +212,9 @@ bool Port::PaintsSmooth() const { return target_.bitsPerPixel != 1 && (state_.op
 bool Port::ClipsSmooth() const { return target_.bitsPerPixel != 1 && (state_.options & kVecSmoothClips) != 0; }
 
 void Port::Scan(FillRule rule, bool isSmooth, CoverageSink& sink) {
-    if (isSmooth) {
+    if (isSmooth && IsRect(outline_)) {
+        rectScan_.Run(outline_, state_.clip.Bounds(), sink);
+    } else if (isSmooth) {
         smoothScan_.Run(outline_, rule, state_.clip.Bounds(), sink);
     } else {
         hardScan_.Run(outline_, rule, state_.clip.Bounds(), sink);
@@ -258,7 +262,8 @@ KelError Port::ClipTo(FillRule rule) {
     }
     const Box around = BoxAround(outline_.LeastCorner(), outline_.GreatestCorner());
     const Box box = Intersection(state_.clip.Bounds(), around);
-    if (box.IsEmpty() || IsWholePixelRect(outline_)) {
+    if (box.IsEmpty() ||
+        (IsRect(outline_) && IsBetweenPixels(outline_.LeastCorner()) && IsBetweenPixels(outline_.GreatestCorner()))) {
         state_.clip.Intersect(around);
         return nullptr;
     }

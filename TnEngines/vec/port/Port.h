@@ -11,6 +11,7 @@
 #include "TnEngines/vec/port/ColorServer.h"
 #include "TnEngines/vec/port/Faults.h"
 #include "TnEngines/vec/scan/HardScan.h"
+#include "TnEngines/vec/scan/RectScan.h"
 #include "TnEngines/vec/scan/SmoothScan.h"
 
 #include <cstdint>
@@ -106,6 +107,7 @@ private:
 
     // Kept from one painting to the next, for their memory
     Outline outline_;
+    RectScan rectScan_;
     SmoothScan smoothScan_;
     HardScan hardScan_;
 };

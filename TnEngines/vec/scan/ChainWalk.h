@@ -17,16 +17,17 @@ public:
     double X() const { return x_; }
     double Y() const { return y_; }
     const Point& LineEnd() const { return *end_; }
-    bool IsVertical() const { return slope_ == 0; }
-
-    /// How far to the right the line goes on its way down by a pixel.
-    double Slope() const { return slope_; }
+    bool IsVertical() const { return x_ == end_->x; }
 
     /// Goes on to where the line ends, or to a height above that.
     void GoDown(double height) {
         if (end_->y <= height) {
             NextLine();
         } else {
+            if (!hasSlope_) {
+                slope_ = (end_->x - x_) / (end_->y - y_);
+                hasSlope_ = true;
+            }
             x_ = end_->x + (height - end_->y) * slope_;
             y_ = height;
         }
@@ -38,13 +39,15 @@ private:
         y_ = end_->y;
         if (end_ != last_) {
             ++end_;
-            slope_ = (end_->x - x_) / (end_->y - y_);
+            hasSlope_ = false;
         }
     }
 
     const Point* end_ = nullptr;
     const Point* last_ = nullptr;
-    double x_ = 0, y_ = 0, slope_ = 0;
+    double x_ = 0, y_ = 0;
+    double slope_ = 0; // of the line, which many a line has no need of
+    bool hasSlope_ = false;
 };
 
 /// Goes down to a height, or to the chain's end above it, and tells of each line on the way with its two ends.

@@ -11,6 +11,14 @@ namespace tn::vec {
 
 inline constexpr std::uint8_t kCovered = 255;
 
+/// Heights and areas within a row are counted in these parts of a pixel.
+inline constexpr std::int32_t kWhole = 1 << 14;
+
+/// An area of 0..kWhole as coverage.
+inline std::uint8_t CoverageOf(std::int64_t area) {
+    return static_cast<std::uint8_t>((static_cast<std::uint64_t>(area) * kCovered + kWhole / 2) / kWhole);
+}
+
 enum class FillRule { kNonZero, kEvenOdd };
 
 constexpr bool IsInside(std::int64_t winding, FillRule rule) {

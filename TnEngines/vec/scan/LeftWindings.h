@@ -9,9 +9,6 @@
 
 namespace tn::vec {
 
-/// Heights and areas within a row are counted in these parts of a pixel.
-inline constexpr std::int32_t kWhole = 1 << 14;
-
 struct WindingRange {
     std::int64_t least, greatest;
 

@@ -12,12 +12,6 @@ constexpr std::size_t kFewChains = 8;
 
 std::int32_t HeightIn(std::int32_t row, double y) { return static_cast<std::int32_t>((y - row) * kWhole); }
 
-std::uint8_t CoverageOf(double area) { return static_cast<std::uint8_t>(static_cast<int>(area * kCovered + 0.5)); }
-
-std::uint8_t CoverageOf(std::uint64_t area) {
-    return static_cast<std::uint8_t>((area * kCovered + kWhole / 2) / kWhole);
-}
-
 } // namespace
 
 void SmoothScan::Run(const Outline& outline, FillRule rule, const Box& clip, CoverageSink& sink) {
@@ -216,18 +210,18 @@ void SmoothScan::Sort() {
 }
 
 inline std::uint8_t SmoothScan::SumCoverage(std::int64_t sum) const {
-    const auto area = static_cast<std::uint64_t>(std::abs(sum));
+    const std::int64_t area = std::abs(sum);
     if (rule_ == FillRule::kNonZero) {
-        return CoverageOf(std::min<std::uint64_t>(area, kWhole));
+        return CoverageOf(std::min<std::int64_t>(area, kWhole));
     }
-    const std::uint64_t beyondEven = area % (2 * kWhole);
-    return CoverageOf(std::min<std::uint64_t>(beyondEven, 2 * kWhole - beyondEven));
+    const std::int64_t beyondEven = area & (2 * kWhole - 1);
+    return CoverageOf(std::min<std::int64_t>(beyondEven, 2 * kWhole - beyondEven));
 }
 
 // Up to a pixel no chain runs through any.
 inline void SmoothScan::CoverLevel(std::int32_t until) {
     if (x_ < until) {
-        row_.Add(box_.left + x_, until - x_, CoverageOf(static_cast<std::uint64_t>(left_.Inside(rule_))));
+        row_.Add(box_.left + x_, until - x_, CoverageOf(left_.Inside(rule_)));
         x_ = until;
     }
 }
@@ -416,7 +410,7 @@ std::uint8_t SmoothScan::AreaCoverage(std::int32_t x) {
             area_.Add({from.y - y_, to.y - y_, from.x - left, to.x - left, chain->direction});
         });
     }
-    return CoverageOf(area_.Inside(left_, rule_));
+    return static_cast<std::uint8_t>(static_cast<int>(area_.Inside(left_, rule_) * kCovered + 0.5));
 }
 
 } // namespace tn::vec
