@@ -36,6 +36,9 @@ struct CoverageMap {
         const std::ptrdiff_t row = y - top;
         return pixels.at(static_cast<std::size_t>(row * width + (x - left)));
     }
+    PixelCoverage& At(std::int32_t x, std::int32_t y) {
+        return const_cast<PixelCoverage&>(static_cast<const CoverageMap&>(*this).At(x, y));
+    }
 };
 
 /// The coverage of the pixels of a rectangle.

@@ -25,6 +25,24 @@ double LimitOf(const PixelCoverage& pixel) {
     return pixel.runs * (255 * std::numbers::sqrt2 * (kChordError + kModelError) + 1.5);
 }
 
+/// A border beside a pixel may come into it by the chords' error, so that it counts as a way through.
+void CountBordersBeside(CoverageMap& map) {
+    const CoverageMap exact = map;
+    const auto hasBorder = [&](std::int32_t x, std::int32_t y) {
+        return x >= map.left && x < map.left + map.width && y >= map.top && y < map.top + map.height &&
+               exact.At(x, y).runs > 0;
+    };
+    for (std::int32_t y = map.top; y < map.top + map.height; ++y) {
+        for (std::int32_t x = map.left; x < map.left + map.width; ++x) {
+            for (std::int32_t i = 0; i < 9; ++i) {
+                if (exact.At(x, y).runs == 0 && hasBorder(x - 1 + i % 3, y - 1 + i / 3)) {
+                    map.At(x, y).runs = 1;
+                }
+            }
+        }
+    }
+}
+
 using Curves = std::vector<Cubic>;
 
 class CurveFills : public MeasuredDrawing {
@@ -48,7 +66,8 @@ protected:
     }
 
     void Compare(Canvas& canvas, const Curves& curves) {
-        const CoverageMap exact = ExactCoverage(canvas, {Flattened(curves)});
+        CoverageMap exact = ExactCoverage(canvas, {Flattened(curves)});
+        CountBordersBeside(exact);
         for (const FillRule rule : {FillRule::kNonZero, FillRule::kEvenOdd}) {
             canvas.Clear(0);
             AddToPath(canvas, curves);
