@@ -1,8 +1,8 @@
 // Private: the procedures of the vector engine `Vec`, by the interfaces that TnEngines/abi/interfaces.h lists.
 //
 // Coordinates are in user space, from where the port's matrix takes them to device space: pixels of the target, x to
-// the right and y down. The bounds of a port and of its clip are in device space. Errors that a procedure gives back are
-// borrowed until the port's next paint procedure.
+// the right and y down. The bounds of a port and of its clip are in device space. Errors that a procedure gives back
+// are borrowed until the port's next paint procedure.
 #pragma once
 
 #include "TnEngines/abi/huex_procedures.h"

@@ -34,7 +34,7 @@ struct PaintColor {
     /// With less alpha, by a part of 0..1.
     PaintColor Thinned(double part) const {
         PaintColor thinned = *this;
-        thinned.alpha = static_cast<std::uint8_t>(alpha * part + 0.5);
+        thinned.alpha = NearestByte(alpha * part);
         return thinned;
     }
 };

@@ -1,6 +1,7 @@
 // Private: how much of each pixel an area covers, row by row.
 #pragma once
 
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -17,6 +18,11 @@ inline constexpr std::int32_t kWhole = 1 << 14;
 /// An area of 0..kWhole as coverage.
 inline std::uint8_t CoverageOf(std::int64_t area) {
     return static_cast<std::uint8_t>((static_cast<std::uint64_t>(area) * kCovered + kWhole / 2) / kWhole);
+}
+
+/// A value of 0..255 rounded to nearest.
+inline std::uint8_t NearestByte(double value) {
+    return static_cast<std::uint8_t>(static_cast<int>(std::floor(value + 0.5)));
 }
 
 enum class FillRule { kNonZero, kEvenOdd };

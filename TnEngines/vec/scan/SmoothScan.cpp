@@ -410,7 +410,7 @@ std::uint8_t SmoothScan::AreaCoverage(std::int32_t x) {
             area_.Add({from.y - y_, to.y - y_, from.x - left, to.x - left, chain->direction});
         });
     }
-    return static_cast<std::uint8_t>(static_cast<int>(area_.Inside(left_, rule_) * kCovered + 0.5));
+    return NearestByte(area_.Inside(left_, rule_) * kCovered);
 }
 
 } // namespace tn::vec
