@@ -70,7 +70,7 @@ TEST_F(PublicDrawing, FillsPartsOfPixels) {
 }
 
 TEST_F(PublicDrawing, FillsACircleOfCurves) {
-    TnMatte matte({100, 100});
+    TnMatte matte({100, 100}, true);
     Draw(matte, [](TnDrawPort& port) {
         constexpr double r = 40;
         constexpr double k = r * 0.5522847498;
