@@ -24,39 +24,30 @@ public:
 
     Point At(double t) const { return start_ + t * (c_ + t * (b_ + t * a_)); }
 
-    /// A part of the parameter over which any chord will do: chords are at most |B''| part part / 8 away, and |B''|,
-    /// which is linear, is greatest at an end.
-    double SafePart(double flatness) const {
+    /// |B''|, which is linear in the parameter, at its greatest.
+    double GreatestBend() const {
         const Point first = Bend(0);
         const Point last = Bend(1);
-        const double bend = std::sqrt(std::max(Dot(first, first), Dot(last, last)));
-        const double chords = std::sqrt(bend / (8 * flatness));
-        return chords < kMostChords ? 1 / std::max(1.0, std::ceil(chords)) : 1.0 / kMostChords;
+        return std::sqrt(std::max(Dot(first, first), Dot(last, last)));
     }
 
-    /// How many times as long a part may be as one from t on, for a chord to be flatness away from it; 0 where the
-    /// curve turns back along the chord. Away from the chord only the bend across it leads.
-    double Reach(double t, double part, Point chord, double flatness) const {
-        const Point heading = Heading(t);
-        const Point bend = Bend(t);
-        const Point middle = heading + (part / 2) * bend; // of the control points of the heading over the part
-        if (Dot(chord, heading) < 0 || Dot(chord, middle) < 0 || Dot(chord, Heading(t + part)) < 0) {
-            return 0;
-        }
-        const double across = std::max(std::abs(Cross(chord, bend)), std::abs(Cross(chord, Bend(t + part))));
-        const double away = across * part * part;
-        const double length = std::sqrt(Dot(chord, chord));
-        return away > 0 ? std::sqrt(8 * flatness * length / away) : kLongest;
-    }
-
-    static constexpr double kLongest = 4;
+    Point Bend(double t) const { return 2 * b_ + (6 * t) * a_; } ///< B''
 
 private:
-    Point Heading(double t) const { return c_ + t * (2 * b_ + (3 * t) * a_); }
-    Point Bend(double t) const { return 2 * b_ + (6 * t) * a_; }
-
     Point a_, b_, c_, start_;
 };
+
+/// By how much of a part the two at the ends of a curve are shorter than others, together: 1 - 1 / sqrt(2).
+inline constexpr double kShortEnds = 0.2928932188134524;
+
+/// How many chords FlattenEvenly takes. A single one is |B''| / 8 away.
+inline int EvenChords(double bend, double flatness) {
+    if (bend <= 8 * flatness) {
+        return 1;
+    }
+    const double chords = std::sqrt(bend / (16 * flatness)) + kShortEnds;
+    return chords < kMostChords ? std::max(2, static_cast<int>(std::ceil(chords))) : kMostChords;
+}
 
 /// The first distance that leads anywhere.
 inline Point Heading(Point first, Point second, Point third) {
@@ -64,48 +55,29 @@ inline Point Heading(Point first, Point second, Point third) {
     return first != nowhere ? first : second != nowhere ? second : third;
 }
 
-/// Chords over equal parts.
-template <class Lines> void FlattenEvenly(const Cubic& curve, double part, Point end, Lines& lines) {
-    for (double t = part; t < 1 - part / 2; t += part) {
-        lines.Line(curve.At(t));
+/// Chords over equal parts h, between points that lie outside of the curve by as much as the middles of chords lie
+/// inside.
+///
+/// A point is B - h h B'' / 16. With that, chords are at most h h |B''| / 16 away, half of what chords between points
+/// of the curve are, because the straight line between two values of the linear B'' is B'' itself. The ends of the
+/// curve stay; the parts there are (2 + sqrt(2)) / 4 as long, for which the same holds.
+template <class Lines> void FlattenEvenly(const Cubic& curve, int chords, Point end, Lines& lines) {
+    if (chords > 1) {
+        const double part = 1 / (chords - kShortEnds);
+        const double outwards = -part * part / 16;
+        double t = part * (1 - kShortEnds / 2);
+        for (int i = 1; i < chords; ++i, t += part) {
+            lines.Line(curve.At(t) + outwards * curve.Bend(t));
+        }
     }
     lines.Line(end);
 }
 
-/// Chords over parts that are as long as the curve lets them be. Nearly all of them are as far away as they may, where
-/// of even ones few are, so that they keep to less.
-template <class Lines>
-void FlattenByBend(const Cubic& curve, double safe, Point start, Point end, double flatness, Lines& lines) {
-    constexpr double kCaution = 0.96; // for parts that bend more than those before
-    const double away = 0.6 * flatness;
-    Point from = start;
-    double part = 1.5 * safe;
-    for (double t = 0; t < 1;) {
-        part = std::min(part, 1 - t);
-        const Point to = t + part < 1 ? curve.At(t + part) : end;
-        const double reach = curve.Reach(t, part, to - from, away);
-        if (reach < 1 && part > safe) {
-            part = std::max(safe, part * std::max(0.5, kCaution * reach));
-            continue;
-        }
-        lines.Line(to);
-        from = to;
-        t = t + part < 1 ? t + part : 1;
-        part = std::max(safe, part * std::min(Cubic::kLongest, kCaution * reach));
-    }
-}
-
 template <class Lines> void FlattenCurve(Point start, const Point* points, double flatness, Lines& lines) {
-    constexpr double kFewChords = 80; // too few for longer ones to pay for the search
     const Point end = points[2];
     const Cubic curve(start, points[0], points[1], end);
-    const double safe = curve.SafePart(flatness);
     lines.BeginCurve(Heading(points[0] - start, points[1] - start, end - start));
-    if (safe * kFewChords >= 1) {
-        FlattenEvenly(curve, safe, end, lines);
-    } else {
-        FlattenByBend(curve, safe, start, end, flatness, lines);
-    }
+    FlattenEvenly(curve, EvenChords(curve.GreatestBend(), flatness), end, lines);
     lines.EndCurve(Heading(end - points[1], end - points[0], end - start));
 }
 
