@@ -1,4 +1,4 @@
-# The target `docs`: HTML pages made from the comments of the public headers.
+# The target `docs`: HTML pages made from the comments of the public headers, and the guides beside them.
 
 find_package(Doxygen QUIET)
 if(NOT DOXYGEN_FOUND)
@@ -13,6 +13,12 @@ list(TRANSFORM windows_headers PREPEND "${PROJECT_SOURCE_DIR}/TnGraphics/")
 list(APPEND public_headers ${windows_headers})
 list(REMOVE_DUPLICATES public_headers)
 list(JOIN public_headers "\" \"" doxygen_input)
+
+set(guides Guarantees Sampling Storage Engines Testing Abi)
+list(TRANSFORM guides PREPEND "${PROJECT_SOURCE_DIR}/docs/")
+list(TRANSFORM guides APPEND .md)
+list(JOIN guides "\" \"" doxygen_pages)
+
 configure_file(docs/Doxyfile.in "${PROJECT_BINARY_DIR}/Doxyfile" @ONLY)
 
 add_custom_target(docs

@@ -49,11 +49,15 @@ public:
 
 /// The allocator of strings, over the library's blocks. All allocators are equal.
 template <class T> struct BasekitBlockAllocator {
-    using value_type = T;
+    using value_type = T; ///< What is allocated.
 
     BasekitBlockAllocator() = default;
+
+    /// An allocator for another type, equal like all others.
     template <class U> BasekitBlockAllocator(const BasekitBlockAllocator<U>&) noexcept {}
 
+    /// A block for as many values, uninitialised.
+    /// \throws BasekitBadAlloc without memory, also where the size in bytes does not fit std::size_t
     T* allocate(std::size_t count) {
         void* const block = count <= std::numeric_limits<std::size_t>::max() / sizeof(T)
                                 ? BasekitAllocateBlock(count * sizeof(T))
@@ -64,8 +68,10 @@ template <class T> struct BasekitBlockAllocator {
         return static_cast<T*>(block);
     }
 
+    /// Takes back a block of allocate(), which was asked for with the same count.
     void deallocate(T* block, std::size_t count) noexcept { BasekitFreeBlock(block, count * sizeof(T)); }
 
+    /// True: any allocator takes back any block.
     template <class U> bool operator==(const BasekitBlockAllocator<U>&) const noexcept { return true; }
 };
 

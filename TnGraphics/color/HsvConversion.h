@@ -14,6 +14,7 @@ struct TnHSVColor {
     float saturation = 0.0F; ///< 0 for greys to 1 for pure colours.
     float value = 0.0F;      ///< The greatest of red, green and blue, 0 to 1.
 
+    /// True when all fields are equal, the unused one too.
     friend constexpr bool operator==(const TnHSVColor&, const TnHSVColor&) = default;
 };
 

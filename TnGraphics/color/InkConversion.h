@@ -15,6 +15,7 @@ struct ColorCMYKSpec {
     std::uint8_t y = 0; ///< 255 - the amount of yellow.
     std::uint8_t k = 0; ///< 255 - the amount of black.
 
+    /// True when all four inks are equal.
     friend constexpr bool operator==(const ColorCMYKSpec&, const ColorCMYKSpec&) = default;
 };
 

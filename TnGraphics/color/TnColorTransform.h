@@ -16,6 +16,7 @@ struct TnChannelTransform {
     std::int16_t scale = 256; ///< The factor in 1/256: 256 keeps the channel, 0 removes it, -256 negates it.
     std::int16_t offset = 0;  ///< Added after scaling, in steps of the channel.
 
+    /// True when scale and offset are equal.
     friend constexpr bool operator==(const TnChannelTransform&, const TnChannelTransform&) = default;
 };
 

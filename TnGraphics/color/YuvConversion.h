@@ -16,6 +16,7 @@ struct ColorYUVSpec {
     std::uint8_t u = 0;      ///< 128 + the scaled difference of blue and luma.
     std::uint8_t v = 0;      ///< 128 + the scaled difference of red and luma.
 
+    /// True when all fields are equal, the unused one too.
     friend constexpr bool operator==(const ColorYUVSpec&, const ColorYUVSpec&) = default;
 };
 

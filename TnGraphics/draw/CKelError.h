@@ -15,8 +15,8 @@ class TN_EXPORT CKelError : public std::exception {
 public:
     /// Takes a reference of its own.
     explicit CKelError(KelError error) noexcept;
-    CKelError(const CKelError& other) noexcept;
-    CKelError& operator=(const CKelError& other) noexcept;
+    CKelError(const CKelError& other) noexcept;            ///< Takes a reference of its own to the same error.
+    CKelError& operator=(const CKelError& other) noexcept; ///< Drops its reference and takes one to the other's error.
     ~CKelError() override;
 
     /// What the error says; empty where there is none.

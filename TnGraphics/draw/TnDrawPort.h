@@ -68,21 +68,26 @@ public:
 
     void NewPath(); ///< Forgets the path.
 
-    void MoveTo(const TnPoint& to); ///< Begins a part of the path.
-    void MoveTo(const TnFixedPoint& to);
-    void MoveTo(const TnFloatPoint& to);
-    void LineTo(const TnPoint& to); ///< Adds a line from the current point.
-    void LineTo(const TnFixedPoint& to);
-    void LineTo(const TnFloatPoint& to);
+    void MoveTo(const TnPoint& to);      ///< Begins a part of the path at a whole position.
+    void MoveTo(const TnFixedPoint& to); ///< Begins a part of the path at a sub-pixel position.
+    void MoveTo(const TnFloatPoint& to); ///< Begins a part of the path at any position.
+    void LineTo(const TnPoint& to);      ///< Adds a line from the current point to a whole position.
+    void LineTo(const TnFixedPoint& to); ///< Adds a line from the current point to a sub-pixel position.
+    void LineTo(const TnFloatPoint& to); ///< Adds a line from the current point to any position.
 
     /// Adds a Bezier curve from the current point, with two control points.
     void CurveTo(const TnFixedPoint& control1, const TnFixedPoint& control2, const TnFixedPoint& to);
+
+    /// The same at any position.
     void CurveTo(const TnFloatPoint& control1, const TnFloatPoint& control2, const TnFloatPoint& to);
 
     void ClosePath(); ///< Adds a line to where the part of the path began, and ends it.
 
-    /// Adds a rectangle, clockwise from its top-left corner: a line back to it, and a close.
+    /// Adds a rectangle, clockwise from its top-left corner: a line back to it, and a close. Its right and bottom edges
+    /// are sums that keep their low 32 bits.
     void DrawRect(const TnRect& rect);
+
+    /// The same at a sub-pixel position.
     void DrawRect(const TnFixedRect& rect);
 
     void Clip();        ///< Paints from now on only inside the path, by the non-zero rule, and inside earlier clips.
@@ -94,8 +99,15 @@ public:
     void SaveState();    ///< Keeps colour, matrix, clip, line style and path on a stack.
     void RestoreState(); ///< Takes them back from there.
 
+    /// Sets how wide strokes are, in user space: at first 1. 0 is the thinnest line, one pixel wide; a negative width
+    /// counts without its sign.
     void LineWidth(const TnFixed& width);
+
+    /// Sets how the ends of open paths look: at first kButtCap. Other values than the enumerators are not supported.
     void LineCap(CapStyle style);
+
+    /// Sets how corners look: at first kMiterJoin, whose points reach up to ten times the width and are cut off where
+    /// they would be longer. Other values than the enumerators are not supported.
     void LineJoin(JoinStyle style);
 
     void Translate(const TnFixedPoint& by); ///< Moves what comes; acts before the transformations so far.
@@ -115,6 +127,6 @@ public:
 protected:
     TnDrawPort();
 
-    std::int32_t holds_ = 0;
-    std::unique_ptr<tn::EnginePort> enginePort_;
+    std::int32_t holds_ = 0;                     ///< Calls of BeginDrawing without an EndDrawing.
+    std::unique_ptr<tn::EnginePort> enginePort_; ///< What there is to draw with, or none.
 };

@@ -20,8 +20,8 @@ class TN_EXPORT TnRasterPort final : public TnDrawPort {
 public:
     /// \throws std::bad_alloc ("bad allocation") for a surface without storage
     explicit TnRasterPort(const TnImage& image);
-    explicit TnRasterPort(const TnMatte& matte);
-    explicit TnRasterPort(const TnMask& mask);
+    explicit TnRasterPort(const TnMatte& matte); ///< On a matte, with the same exception.
+    explicit TnRasterPort(const TnMask& mask);   ///< On a mask, with the same exception.
 
     /// Stops drawing, however many holds there are, and unlocks the surface. Lets no exception out.
     ~TnRasterPort() override;

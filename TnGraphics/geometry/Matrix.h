@@ -17,5 +17,6 @@
 template <class Element, int rows, int columns> struct Matrix {
     Element m[rows][columns] = {}; ///< The elements: m[row][column].
 
+    /// True when all elements are equal.
     friend constexpr bool operator==(const Matrix&, const Matrix&) = default;
 };

@@ -10,6 +10,7 @@
 struct TnBox {
     TnPoint corners[4]; ///< The corners.
 
+    /// True when all corners are equal, in their order.
     friend constexpr bool operator==(const TnBox&, const TnBox&) = default;
 };
 
@@ -17,6 +18,7 @@ struct TnBox {
 struct TnFloatBox {
     TnFloatPoint corners[4]; ///< The corners.
 
+    /// True when all corners are equal, in their order.
     friend constexpr bool operator==(const TnFloatBox&, const TnFloatBox&) = default;
 };
 
@@ -24,5 +26,6 @@ struct TnFloatBox {
 struct TnFixedBox {
     TnFixedPoint corners[4]; ///< The corners.
 
+    /// True when all corners are equal, in their order.
     friend constexpr bool operator==(const TnFixedBox&, const TnFixedBox&) = default;
 };

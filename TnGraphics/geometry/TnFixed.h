@@ -12,6 +12,7 @@
 struct TnFixed {
     std::int32_t raw = 0; ///< The number in 65536ths.
 
+    /// True for the same number.
     friend constexpr bool operator==(const TnFixed&, const TnFixed&) = default;
 
     /// The nearest fixed-point number, halves rounded away from zero. NaN and values whose 65536fold leaves 64 bits
@@ -36,6 +37,7 @@ struct TnFixedPoint {
     TnFixed x; ///< Horizontal position.
     TnFixed y; ///< Vertical position, growing downwards.
 
+    /// True when both coordinates are equal.
     friend constexpr bool operator==(const TnFixedPoint&, const TnFixedPoint&) = default;
 };
 
@@ -46,5 +48,6 @@ struct TnFixedRect {
     TnFixed width;  ///< Distance from the left to the right edge.
     TnFixed height; ///< Distance from the top to the bottom edge.
 
+    /// True when all fields are equal.
     friend constexpr bool operator==(const TnFixedRect&, const TnFixedRect&) = default;
 };

@@ -7,6 +7,7 @@ struct TnFloatPoint {
     double x = 0.0; ///< Horizontal position.
     double y = 0.0; ///< Vertical position, growing downwards.
 
+    /// True when both coordinates are equal; NaN is equal to nothing.
     friend constexpr bool operator==(const TnFloatPoint&, const TnFloatPoint&) = default;
 };
 
@@ -17,5 +18,6 @@ struct TnFloatRect {
     double width = 0.0;  ///< Distance from the left to the right edge.
     double height = 0.0; ///< Distance from the top to the bottom edge.
 
+    /// True when all fields are equal; NaN is equal to nothing.
     friend constexpr bool operator==(const TnFloatRect&, const TnFloatRect&) = default;
 };

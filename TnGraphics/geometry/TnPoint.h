@@ -9,5 +9,6 @@ struct TnPoint {
     std::int32_t x = 0; ///< Horizontal position, or width.
     std::int32_t y = 0; ///< Vertical position, or height.
 
+    /// True when both coordinates are equal.
     friend constexpr bool operator==(const TnPoint&, const TnPoint&) = default;
 };

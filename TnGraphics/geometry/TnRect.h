@@ -14,6 +14,7 @@ struct TnEdges {
     std::int32_t right = 0;  ///< First column past the rectangle.
     std::int32_t bottom = 0; ///< First row past the rectangle.
 
+    /// True when all four edges are equal.
     friend constexpr bool operator==(const TnEdges&, const TnEdges&) = default;
 };
 
@@ -26,6 +27,7 @@ struct TnRect {
     std::int32_t width = 0;  ///< Number of columns.
     std::int32_t height = 0; ///< Number of rows.
 
+    /// True when all fields are equal; empty rectangles with other fields differ.
     friend constexpr bool operator==(const TnRect&, const TnRect&) = default;
 
     /// True when no pixel lies inside.

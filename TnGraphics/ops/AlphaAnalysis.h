@@ -35,6 +35,8 @@ template <class SurfaceType> TN_EXPORT bool TestForHit(const SurfaceType& surfac
 /// from the right. A border of some pixels is all that is read of a full picture.
 TN_EXPORT TnRect CalculateContentArea(const TnImage& image, TnRect rect);
 TN_EXPORT TnRect CalculateContentArea(const TnImage& image); ///< Of the whole image.
+
+/// The same for a matte, whose content are the values other than the background.
 TN_EXPORT TnRect CalculateContentArea(const TnMatte& matte, TnMattePixel background, TnRect rect);
 TN_EXPORT TnRect CalculateContentArea(const TnMatte& matte, TnMattePixel background); ///< Of the whole matte.
 

@@ -10,8 +10,8 @@
 class TN_EXPORT bad_alloc_bitmap : public std::bad_alloc {
 public:
     bad_alloc_bitmap() = default;
-    bad_alloc_bitmap(const bad_alloc_bitmap&) = default;
-    bad_alloc_bitmap& operator=(const bad_alloc_bitmap&) = default;
+    bad_alloc_bitmap(const bad_alloc_bitmap&) = default;            ///< There is nothing to copy.
+    bad_alloc_bitmap& operator=(const bad_alloc_bitmap&) = default; ///< There is nothing to copy.
     ~bad_alloc_bitmap() override;
 
     /// "bad allocation" on every platform.

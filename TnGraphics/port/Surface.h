@@ -33,11 +33,11 @@ struct ReadAccess;
 /// Where a walk goes. Addresses are integers, because stepping freely may carry them out of the surface's memory; 0 is
 /// nowhere.
 struct WalkAddresses {
-    TnRect bounds;
-    std::uintptr_t start = 0;
-    std::uintptr_t lineStart = 0;
-    std::uintptr_t lineEnd = 0; ///< The first line's last pixel.
-    std::uintptr_t last = 0;    ///< The last line's last pixel.
+    TnRect bounds;                ///< The rectangle, in the frame of the content.
+    std::uintptr_t start = 0;     ///< Where the walk begins.
+    std::uintptr_t lineStart = 0; ///< The first pixel of the line that it begins on.
+    std::uintptr_t lineEnd = 0;   ///< The last pixel of that line.
+    std::uintptr_t last = 0;      ///< The last line's last pixel.
 };
 
 /// A rectangle of pixels over a storage object that it owns; the base of TnImage and TnMatte.
@@ -54,6 +54,7 @@ template <class SurfaceType> class Surface {
     using Traits = SurfaceTraits<SurfaceType>;
 
 public:
+    /// The type of one pixel: TnImagePixel or TnMattePixel.
     using Pixel = typename Traits::Pixel;
 
     /// Walks row by row, left to right.
@@ -143,10 +144,10 @@ public:
     IteratorVertical endVertical() const; ///< The end of the walk over the content.
 
 protected:
-    Surface(const TnPoint& size, bool clear, TnCancelProc cancelProc);
-    Surface(TnBitMapHelper* storage, const TnPoint& size, TnCancelProc cancelProc);
-    Surface(const Surface& other);
-    Surface& operator=(const Surface& other);
+    Surface(const TnPoint& size, bool clear, TnCancelProc cancelProc);              ///< See TnImage and TnMatte.
+    Surface(TnBitMapHelper* storage, const TnPoint& size, TnCancelProc cancelProc); ///< See TnImage and TnMatte.
+    Surface(const Surface& other);                                                  ///< See TnImage and TnMatte.
+    Surface& operator=(const Surface& other);                                       ///< See TnImage and TnMatte.
     ~Surface();
 
 private:

@@ -35,11 +35,11 @@ template <class SurfaceType, Lines lines> class SurfaceIterator {
     using Pixel = typename Traits::Pixel;
 
 public:
-    using iterator_category = std::bidirectional_iterator_tag;
-    using value_type = Pixel;
-    using difference_type = std::int64_t;
-    using pointer = Pixel*;
-    using reference = Pixel&;
+    using iterator_category = std::bidirectional_iterator_tag; ///< It steps both ways.
+    using value_type = Pixel;                                  ///< TnImagePixel or TnMattePixel.
+    using difference_type = std::int64_t;                      ///< Counts pixels.
+    using pointer = Pixel*;                                    ///< Into the locked surface.
+    using reference = Pixel&;                                  ///< Into the locked surface.
 
     /// No surface and no pixel: to be assigned, compared and destroyed, nothing else.
     SurfaceIterator() = default;
@@ -55,8 +55,8 @@ public:
 
     ~SurfaceIterator() = default;
 
-    reference operator*() const { return *PixelAt(current_); }
-    pointer operator->() const { return PixelAt(current_); }
+    reference operator*() const { return *PixelAt(current_); } ///< The current pixel. Not at the end.
+    pointer operator->() const { return PixelAt(current_); }   ///< Its address. Not at the end.
 
     /// True when both stand on the same pixel, or both nowhere.
     friend bool operator==(const SurfaceIterator& a, const SurfaceIterator& b) { return a.current_ == b.current_; }
@@ -112,6 +112,8 @@ public:
 
     /// The pixel dx columns and dy rows away, unchecked.
     reference UncheckedNeighbor(std::int32_t dx, std::int32_t dy) { return *PixelAt(NeighborAddress(dx, dy)); }
+
+    /// The same by value.
     value_type UncheckedNeighbor(std::int32_t dx, std::int32_t dy) const { return *PixelAt(NeighborAddress(dx, dy)); }
 
     /// The rectangle walked, in the surface's content frame.

@@ -24,6 +24,7 @@ struct TnColor {
         return (std::uint32_t{alpha} << 24) | (std::uint32_t{red} << 16) | (std::uint32_t{green} << 8) | blue;
     }
 
+    /// True when all four channels are equal.
     friend constexpr bool operator==(const TnColor&, const TnColor&) = default;
 };
 
@@ -46,5 +47,6 @@ struct TnCMYColor {
         return {alpha, complement(cyan), complement(magenta), complement(yellow)};
     }
 
+    /// True when all four channels are equal.
     friend constexpr bool operator==(const TnCMYColor&, const TnCMYColor&) = default;
 };

@@ -15,7 +15,7 @@
 /// It has no content rectangle, outside pixel or cancel procedure. Its pixel address is valid only while it is locked.
 class TnMask {
 public:
-    using Pixel = TnMaskPixel;
+    using Pixel = TnMaskPixel; ///< The truth value of one pixel.
 
     /// A mask with pixels of its own, even when the size is 0 x 0. They are whatever the memory holds.
     ///

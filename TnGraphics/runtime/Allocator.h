@@ -10,8 +10,8 @@
 class TN_EXPORT Allocator {
 public:
     Allocator() = default;
-    Allocator(const Allocator&) = default;
-    Allocator& operator=(const Allocator&) = default;
+    Allocator(const Allocator&) = default;            ///< There is nothing to copy.
+    Allocator& operator=(const Allocator&) = default; ///< There is nothing to copy.
     virtual ~Allocator();
 
     /// A block of bytes that are all 0. Null when there is no memory; nothing is thrown.

@@ -1,0 +1,16 @@
+# tn_write_guide_code(GUIDE SOURCE)
+#
+# Writes the first block of C++ in a guide to a source, so that there is one text of it and the compiler reads it.
+function(tn_write_guide_code guide source)
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${guide}")
+    file(READ "${guide}" text)
+    string(FIND "${text}" "```cpp\n" begin)
+    if(begin EQUAL -1)
+        message(FATAL_ERROR "${guide} has no block of C++")
+    endif()
+    string(SUBSTRING "${text}" ${begin} -1 text)
+    string(REGEX REPLACE "^```cpp\n" "" text "${text}")
+    string(FIND "${text}" "```" end)
+    string(SUBSTRING "${text}" 0 ${end} text)
+    file(CONFIGURE OUTPUT "${source}" CONTENT "${text}" @ONLY)
+endfunction()
