@@ -24,7 +24,7 @@ constexpr bool IsNearest(std::int64_t value, std::int64_t numerator, std::int64_
 /// How much of a paint of some alpha reaches a pixel that it covers in part.
 constexpr int PaintAlpha(int alpha, int coverage) { return static_cast<int>(Nearest(alpha * coverage, 255)); }
 
-/// A colour's value on a target of values, each of its parts 0 to 255.
+/// A colour's value on a target of values. Its channels are bytes.
 constexpr int GrayOf(int red, int green, int blue) { return (19595 * red + 38470 * green + 7471 * blue + 32768) >> 16; }
 
 /// What a paint of some alpha and value makes of a value.
