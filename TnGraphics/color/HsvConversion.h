@@ -20,6 +20,8 @@ struct TnHSVColor {
 
 /// Writes hue, saturation and value of the colour; the alpha is not used. Greys have hue and saturation 0, black has 0
 /// in all three.
+///
+/// \image html gallery/HSVToRGB.png
 TN_EXPORT void RGBToHSV(const TnColor& color, TnHSVColor& hsv);
 
 /// Writes the colour's red, green and blue; its alpha stays.
@@ -29,12 +31,16 @@ TN_EXPORT void RGBToHSV(const TnColor& color, TnHSVColor& hsv);
 ///
 /// A hue of 360 counts as 0; the caller keeps it within 0 to 360, beyond that any colour may come out. Saturations and
 /// values outside 0 to 1 follow the same formulas; of results that are no byte the low 8 bits are kept.
+///
+/// \image html gallery/HSVToRGB.png
 TN_EXPORT void HSVToRGB(const TnHSVColor& hsv, TnColor& color);
 
 /// The colour with its value multiplied by the factor and stopped at 1, hue and saturation kept.
 ///
 /// A factor below 1 darkens; one above 1 brightens, up to full value; 1 keeps red, green and blue as they are. The
 /// rounding is that of HSVToRGB. The caller keeps the factor from being negative: such a colour means nothing.
+///
+/// \image html gallery/DarkenColor.png
 ///
 /// \return a colour with alpha 0, whatever the alpha given: callers set it
 TN_EXPORT TnColor DarkenColor(const TnColor& color, float factor);

@@ -23,11 +23,17 @@ struct ColorCMYKSpec {
 ///
 /// Black is added to each of the other inks, and together they take away from white until nothing is left: red is
 /// c + k - 255, stopped at 0, and so are green from m and blue from y.
+///
+/// \image html gallery/CMYKtoRGB.png
 TN_EXPORT void CMYKtoRGB(const ColorCMYKSpec& cmyk, TnImagePixel& pixel);
 
 /// Writes the complement 255 - channel of red, green and blue as cyan, magenta and yellow; the alpha is copied.
+///
+/// \image html gallery/RGBtoCMY.png
 TN_EXPORT void RGBtoCMY(const TnColor& color, TnCMYColor& cmy);
 
 /// Writes the complement 255 - channel of cyan, magenta and yellow as red, green and blue; the alpha is copied. The
 /// exact inverse of RGBtoCMY.
+///
+/// \image html gallery/RGBtoCMY.png
 TN_EXPORT void CMYtoRGB(const TnCMYColor& cmy, TnColor& color);

@@ -42,6 +42,8 @@ TN_EXPORT bool IsNoChangeColorTransform(const TnColorTransform& transform);
 /// The transform that mixes pixels towards the colour's red, green and blue. The alpha stays what it is in the pixel;
 /// the colour's own is not used.
 ///
+/// \image html gallery/GetColorMatrixForBlend.png
+///
 /// \param color what to mix towards
 /// \param percent 0 keeps pixels as they are, and gives the identity; 100 replaces their colour. Beyond these ends the
 ///     same formulas hold, so pixels are moved away from the colour or past it
@@ -52,6 +54,8 @@ TN_EXPORT bool IsNoChangeColorTransform(const TnColorTransform& transform);
 TN_EXPORT TnColorTransform GetColorMatrixForBlend(const TnColor& color, int percent);
 
 /// The colour with all four channels transformed.
+///
+/// \image html gallery/ColorTransform.png
 TN_EXPORT TnColor ColorTransform(const TnColor& color, const TnColorTransform& transform);
 
 /// The pixel with all four channels transformed.

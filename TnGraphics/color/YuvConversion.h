@@ -25,6 +25,8 @@ struct ColorYUVSpec {
 /// y = 0.299 red + 0.587 green + 0.114 blue, the luma weights of ITU-R BT.601. The scales of the differences are the
 /// library's own: u = 0.495 (blue - y) + 128, which stays within 17 to 239, and v = 0.877 (red - y) + 128, which is
 /// stopped at 0 and 255: the strongest reds and cyans share these ends.
+///
+/// \image html gallery/RGBtoYUV.png
 TN_EXPORT void RGBtoYUV(const TnImagePixel& pixel, ColorYUVSpec& yuv);
 
 /// Writes the pixel's red, green and blue; its alpha stays.
@@ -32,4 +34,6 @@ TN_EXPORT void RGBtoYUV(const TnImagePixel& pixel, ColorYUVSpec& yuv);
 /// With u and v taken from their middle, 128: red = y + 1.140 v, green = y - 0.395 u - 0.580 v, blue = y + 2.032 u,
 /// each stopped at 0 and 255. The factors are the library's own and no exact inverse of RGBtoYUV: pure red comes back
 /// with a red of 220.
+///
+/// \image html gallery/RGBtoYUV.png
 TN_EXPORT void YUVtoRGB(const ColorYUVSpec& yuv, TnImagePixel& pixel);

@@ -31,7 +31,7 @@ public:
     /// How the ends of open paths look.
     enum CapStyle : std::int32_t {
         kButtCap = 0,  ///< Cut off at the end.
-        kRoundCap = 1, ///< A half disc around the end.
+        kRoundCap = 1, ///< A disc around the end.
         kSquareCap = 2 ///< Half the line's width beyond the end.
     };
 
@@ -60,65 +60,138 @@ public:
 
     /// Begins to draw. Each call wants an EndDrawing.
     ///
+    /// \image html gallery/BeginDrawing.png
+    ///
     /// \return true when there is something to draw with
     virtual bool BeginDrawing(AntiAliasPolicy policy, long count) = 0;
 
     /// Gives up one hold, and with the last one what there was to draw with.
     virtual void EndDrawing() = 0;
 
-    void NewPath(); ///< Forgets the path.
+    /// Forgets the path.
+    ///
+    /// \image html gallery/NewPath.png
+    void NewPath();
 
-    void MoveTo(const TnPoint& to);      ///< Begins a part of the path at a whole position.
-    void MoveTo(const TnFixedPoint& to); ///< Begins a part of the path at a sub-pixel position.
-    void MoveTo(const TnFloatPoint& to); ///< Begins a part of the path at any position.
-    void LineTo(const TnPoint& to);      ///< Adds a line from the current point to a whole position.
-    void LineTo(const TnFixedPoint& to); ///< Adds a line from the current point to a sub-pixel position.
-    void LineTo(const TnFloatPoint& to); ///< Adds a line from the current point to any position.
+    /// Begins a part of the path at a whole position.
+    ///
+    /// \image html gallery/MoveTo.png
+    void MoveTo(const TnPoint& to);
+
+    /// Begins a part of the path at a sub-pixel position.
+    void MoveTo(const TnFixedPoint& to);
+
+    /// Begins a part of the path at any position.
+    void MoveTo(const TnFloatPoint& to);
+
+    /// Adds a line from the current point to a whole position.
+    ///
+    /// \image html gallery/MoveTo.png
+    void LineTo(const TnPoint& to);
+
+    /// Adds a line from the current point to a sub-pixel position.
+    void LineTo(const TnFixedPoint& to);
+
+    /// Adds a line from the current point to any position.
+    void LineTo(const TnFloatPoint& to);
 
     /// Adds a Bezier curve from the current point, with two control points.
+    ///
+    /// \image html gallery/CurveTo.png
     void CurveTo(const TnFixedPoint& control1, const TnFixedPoint& control2, const TnFixedPoint& to);
 
     /// The same at any position.
     void CurveTo(const TnFloatPoint& control1, const TnFloatPoint& control2, const TnFloatPoint& to);
 
-    void ClosePath(); ///< Adds a line to where the part of the path began, and ends it.
+    /// Adds a line to where the part of the path began, and ends it.
+    ///
+    /// \image html gallery/ClosePath.png
+    void ClosePath();
 
     /// Adds a rectangle, clockwise from its top-left corner: a line back to it, and a close. Its right and bottom edges
     /// are sums that keep their low 32 bits.
+    ///
+    /// \image html gallery/DrawRect.png
     void DrawRect(const TnRect& rect);
 
     /// The same at a sub-pixel position.
     void DrawRect(const TnFixedRect& rect);
 
-    void Clip();        ///< Paints from now on only inside the path, by the non-zero rule, and inside earlier clips.
-    void EvenOddClip(); ///< Clip by the even-odd rule.
-    void Fill();        ///< Paints the inside of the path, by the non-zero rule, and forgets the path.
-    void EvenOddFill(); ///< Fill by the even-odd rule.
-    void Stroke();      ///< Paints a line along the path and forgets the path.
+    /// Paints from now on only inside the path, by the non-zero rule, and inside earlier clips.
+    ///
+    /// \image html gallery/Clip.png
+    void Clip();
 
-    void SaveState();    ///< Keeps colour, matrix, clip, line style and path on a stack.
-    void RestoreState(); ///< Takes them back from there.
+    /// Clip by the even-odd rule.
+    ///
+    /// \image html gallery/EvenOddClip.png
+    void EvenOddClip();
+
+    /// Paints the inside of the path, by the non-zero rule, and forgets the path.
+    ///
+    /// \image html gallery/Fill.png
+    void Fill();
+
+    /// Fill by the even-odd rule.
+    ///
+    /// \image html gallery/EvenOddFill.png
+    void EvenOddFill();
+
+    /// Paints a line along the path and forgets the path.
+    ///
+    /// \image html gallery/Stroke.png
+    void Stroke();
+
+    /// Keeps colour, matrix, clip, line style and path on a stack.
+    ///
+    /// \image html gallery/SaveState.png
+    void SaveState();
+
+    /// Takes them back from there.
+    ///
+    /// \image html gallery/SaveState.png
+    void RestoreState();
 
     /// Sets how wide strokes are, in user space: at first 1. 0 is the thinnest line, one pixel wide; a negative width
     /// counts without its sign.
+    ///
+    /// \image html gallery/LineWidth.png
     void LineWidth(const TnFixed& width);
 
     /// Sets how the ends of open paths look: at first kButtCap. Other values than the enumerators are not supported.
+    ///
+    /// \image html gallery/LineCap.png
     void LineCap(CapStyle style);
 
     /// Sets how corners look: at first kMiterJoin, whose points reach up to ten times the width and are cut off where
     /// they would be longer. Other values than the enumerators are not supported.
+    ///
+    /// \image html gallery/LineJoin.png
     void LineJoin(JoinStyle style);
 
-    void Translate(const TnFixedPoint& by); ///< Moves what comes; acts before the transformations so far.
-    void Scale(const TnFixedPoint& by);     ///< Scales what comes; acts before the transformations so far.
+    /// Moves what comes; acts before the transformations so far.
+    ///
+    /// \image html gallery/TranslatePort.png
+    void Translate(const TnFixedPoint& by);
+
+    /// Scales what comes; acts before the transformations so far.
+    ///
+    /// \image html gallery/ScalePort.png
+    void Scale(const TnFixedPoint& by);
 
     /// Replaces the transformation. The matrix's third row is not looked at.
+    ///
+    /// \image html gallery/SetMatrix.png
     void SetMatrix(const Matrix<double, 3, 3>& matrix);
 
-    void Gray(float gray); ///< Paints with a grey, from 0, black, to 1, white.
+    /// Paints with a grey, from 0, black, to 1, white.
+    ///
+    /// \image html gallery/Gray.png
+    void Gray(float gray);
 
     /// Paints with a colour of parts from 0 to 1.
+    ///
+    /// \image html gallery/RGBColor.png
     void RGBColor(float red, float green, float blue, float alpha);
 
     /// 1 when a call has failed since drawing began, otherwise 0.

@@ -16,6 +16,8 @@ class RasterTarget;
 
 /// Draws into the content of an image, in colour, or of a matte or mask, as coverage. The surface is locked for the
 /// port's whole life, must outlive it, and may meanwhile not be given a new size or content, nor be assigned.
+///
+/// \image html gallery/TnRasterPort.png
 class TN_EXPORT TnRasterPort final : public TnDrawPort {
 public:
     /// \throws std::bad_alloc ("bad allocation") for a surface without storage

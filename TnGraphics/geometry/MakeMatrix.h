@@ -18,22 +18,34 @@ template <> struct MakeMatrix<double> {
     TN_EXPORT static Matrix<double, 3, 3> Identity();
 
     /// Moves every point, to the right and down where the distances are positive.
+    ///
+    /// \image html gallery/Translate.png
     TN_EXPORT static Matrix<double, 3, 3> Translate(double horizontal, double vertical);
 
     /// Negates the chosen coordinates: mirrors at the origin, without moving the result back.
+    ///
+    /// \image html gallery/Flip.png
     TN_EXPORT static Matrix<double, 3, 3> Flip(bool flipX, bool flipY);
 
     /// Turns about the origin from the positive x axis towards the positive y axis: since y grows downwards, a positive
     /// angle turns clockwise on a screen. 90 degrees take (1, 0) to (0, 1).
+    ///
+    /// \image html gallery/Rotate.png
     TN_EXPORT static Matrix<double, 3, 3> Rotate(double degrees);
 
     /// Multiplies each coordinate by its factor.
+    ///
+    /// \image html gallery/Scale.png
     TN_EXPORT static Matrix<double, 3, 3> Scale(double horizontal, double vertical);
 
     /// Shears: adds horizontal * y to x, and vertical * x to y. These are factors, not angles.
+    ///
+    /// \image html gallery/Skew.png
     TN_EXPORT static Matrix<double, 3, 3> Skew(double horizontal, double vertical);
 
     /// Tilts the plane about its two axes.
+    ///
+    /// \image html gallery/Perspective.png
     ///
     /// \param aboutX   degrees of the tilt about the horizontal axis: shortens y by its cosine, and makes w grow with y
     ///                 by strength times its sine
@@ -46,6 +58,8 @@ template <> struct MakeMatrix<double> {
     /// It is not the exact inverse, and hosts count on what it is: x is multiplied by the cosine of aboutX and y by
     /// that of aboutY, the other way round than in Perspective(), and the projective terms keep their positive signs.
     /// They are scaled by the number of single precision nearest to 0.01, which is 0.009999999776482582.
+    ///
+    /// \image html gallery/PerspectiveInverse.png
     TN_EXPORT static Matrix<double, 3, 3> PerspectiveInverse(double aboutX, double aboutY);
 
     /// The rotation of space about the x axis, where the third coordinate stands for z.

@@ -33,6 +33,8 @@ TN_EXPORT void Transform(const TnFixedPoint& source, TnFixedPoint& destination, 
 TN_EXPORT void Transform(const TnBox& source, TnBox& destination, const Matrix<double, 3, 3>& matrix);
 
 /// Maps each of the four corners as a point in single precision.
+///
+/// \image html gallery/TransformBox.png
 TN_EXPORT void Transform(const TnFloatBox& source, TnFloatBox& destination, const Matrix<double, 3, 3>& matrix);
 
 /// Maps each of the four corners as a fixed-point position.

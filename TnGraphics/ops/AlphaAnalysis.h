@@ -16,12 +16,16 @@
 #include "TnGraphics/port/TnMattePixel.h"
 
 /// True when the image has a pixel with an alpha above 0. Reads up to the first row that has one.
+///
+/// \image html gallery/TestForAlpha.png
 TN_EXPORT bool TestForAlpha(const TnImage& image);
 
 /// True when a pixel with an alpha above 0, or a matte's value above 0, lies at the point or within the square of
 /// 2 x radius + 1 pixels around it. A radius below 1 asks for the point alone.
 ///
 /// Pixels are those of Get(x, y): beside the surface there is its outside pixel. The cancel procedure is not called.
+///
+/// \image html gallery/TestForHit.png
 ///
 /// \tparam SurfaceType TnImage or TnMatte
 template <class SurfaceType> TN_EXPORT bool TestForHit(const SurfaceType& surface, const TnPoint& point, int radius);
@@ -33,6 +37,8 @@ template <class SurfaceType> TN_EXPORT bool TestForHit(const SurfaceType& surfac
 ///
 /// Four scans stop at the first content each: rows from the top, columns from the left, rows from the bottom, columns
 /// from the right. A border of some pixels is all that is read of a full picture.
+///
+/// \image html gallery/CalculateContentArea.png
 TN_EXPORT TnRect CalculateContentArea(const TnImage& image, TnRect rect);
 TN_EXPORT TnRect CalculateContentArea(const TnImage& image); ///< Of the whole image.
 
@@ -46,15 +52,21 @@ TN_EXPORT TnRect CalculateContentArea(const TnMatte& matte, TnMattePixel backgro
 /// A pixel's brightness is its luma in percent, with the weights of ITU-R BT.601 in 65536ths: (7684 red + 15086 green +
 /// 2930 blue) / 65536, truncated, so that white has 99. Alphas have no effect. The number is 2 x (width - 2 + height -
 /// 2); where it is not above 0, as for 2 x 2 pixels, the brightness is 100.
+///
+/// \image html gallery/GetRepresentativeBrightness.png
 TN_EXPORT int GetRepresentativeBrightness(const TnImage& image);
 
 /// Tells what a rectangle holds beside grey of one alpha. An empty one holds nothing.
+///
+/// \image html gallery/InspectImage.png
 ///
 /// \param hasColor becomes true for a pixel that is not grey, or is white and not transparent
 /// \param hasAlpha becomes true for an alpha other than that of the rectangle's first pixel
 TN_EXPORT void InspectImage(const TnImage& image, const TnRect& rect, bool& hasColor, bool& hasAlpha);
 
 /// True when two surfaces are equal, pixel by pixel, where they overlap; true also when they do not.
+///
+/// \image html gallery/TnIsEqual.png
 ///
 /// \tparam SurfaceType TnImage or TnMatte
 /// \param at           where the first surface's (0, 0) lies in the second

@@ -14,12 +14,18 @@
 
 /// Makes every pixel opaque whose red, green and blue are not those of the key; its alpha has no effect. An image that
 /// has an alpha above 0 anywhere keeps its alphas as they are.
+///
+/// \image html gallery/BuildAlpha.png
 TN_EXPORT void BuildAlpha(TnImage& image, const TnColor& key);
 
 /// Makes the pixels of a rectangle, in the frame of Bounds() and clipped to it, opaque.
+///
+/// \image html gallery/SetAlphaRect.png
 TN_EXPORT void SetAlphaRect(TnImage& image, const TnRect& rect);
 
 /// Makes every value v of a matte 255 - v.
+///
+/// \image html gallery/InvertAlpha.png
 ///
 /// \tparam SurfaceType TnMatte
 template <class SurfaceType> TN_EXPORT void InvertAlpha(SurfaceType& matte);

@@ -26,6 +26,9 @@
 /// The surface's cancel procedure is called once every 32 rows, then once every 32 columns. What it throws reaches the
 /// caller; while rows are filtered it leaves the surface as it was, then exactly the columns done before it changed.
 ///
+/// \image html gallery/ProcessAlphaChannel.png
+/// \image html gallery/ProcessAlphaChannelImage.png
+///
 /// \tparam SurfaceType TnImage or TnMatte
 /// \throws std::bad_alloc for a surface without storage, and when there is no memory for the passage from rows to
 /// columns,

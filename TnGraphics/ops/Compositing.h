@@ -45,13 +45,19 @@
 ///
 /// sa = 0 keeps the destination pixel, sa = 255 replaces it. Otherwise each colour channel becomes
 /// (s x sa + d x (255 - sa)) / 255, whatever the destination's alpha, and the alpha sa + da - da x sa / 255.
+///
+/// \image html gallery/BlendImage.png
 TN_EXPORT void BlendImage(const TnImage& source, int opacity, TnImage& destination, const TnPoint& at);
 
 /// BlendImage with a colour transform, within a clip.
+///
+/// \image html gallery/BlendImageInClip.png
 TN_EXPORT void BlendImage(const TnImage& source, const TnColorTransform& transform, int opacity, TnImage& destination,
                           const TnPoint& at, const TnRect& clip);
 
 /// BlendImage at a sub-pixel offset.
+///
+/// \image html gallery/BlendImageBetweenPixels.png
 TN_EXPORT void BlendImage(const TnImage& source, const TnColorTransform& transform, int opacity, TnImage& destination,
                           const TnFixedPoint& at, const TnRect& clip);
 
@@ -61,16 +67,22 @@ TN_EXPORT void BlendImage(const TnImage& source, const TnColorTransform& transfo
 /// n = w + sa, each colour channel becomes (s x sa + d x w) / n and the alpha n. Over an opaque destination that is
 /// what BlendImage does.
 ///
+/// \image html gallery/PreBlendImageAndAlpha.png
+///
 /// \tparam SourceType TnImage
 template <class SourceType>
 TN_EXPORT void PreBlendImageAndAlpha(const SourceType& source, int opacity, TnImage& destination, const TnPoint& at);
 
 /// PreBlendImageAndAlpha with a colour transform, within a clip.
+///
+/// \image html gallery/PreBlendImageAndAlphaInClip.png
 template <class SourceType>
 TN_EXPORT void PreBlendImageAndAlpha(const SourceType& source, const TnColorTransform& transform, int opacity,
                                      TnImage& destination, const TnPoint& at, const TnRect& clip);
 
 /// PreBlendImageAndAlpha at a sub-pixel offset.
+///
+/// \image html gallery/PreBlendImageAndAlphaBetweenPixels.png
 template <class SourceType>
 TN_EXPORT void PreBlendImageAndAlpha(const SourceType& source, const TnColorTransform& transform, int opacity,
                                      TnImage& destination, const TnFixedPoint& at, const TnRect& clip);
@@ -82,43 +94,65 @@ TN_EXPORT void PreBlendImageAndAlpha(const SourceType& source, const TnColorTran
 ///
 /// Afterwards everything of the destination outside the overlap becomes 0, outside the clip too; without an overlap
 /// that is all of it.
+///
+/// \image html gallery/IntersectAlpha.png
 TN_EXPORT void IntersectAlpha(const TnImage& source, int opacity, TnImage& destination, const TnPoint& at);
 
 /// IntersectAlpha with a colour transform, within a clip.
+///
+/// \image html gallery/IntersectAlphaInClip.png
 TN_EXPORT void IntersectAlpha(const TnImage& source, const TnColorTransform& transform, int opacity,
                               TnImage& destination, const TnPoint& at, const TnRect& clip);
 
 /// IntersectAlpha at a sub-pixel offset.
+///
+/// \image html gallery/IntersectAlphaBetweenPixels.png
 TN_EXPORT void IntersectAlpha(const TnImage& source, const TnColorTransform& transform, int opacity,
                               TnImage& destination, const TnFixedPoint& at, const TnRect& clip);
 
 /// Keeps of the destination what the source covers too: each value becomes the smaller one, and everything outside the
 /// overlap becomes 0.
+///
+/// \image html gallery/IntersectAlphaMattes.png
 TN_EXPORT void IntersectAlpha(const TnMatte& source, int opacity, TnMatte& destination, const TnPoint& at);
 
 /// The same for the alpha of an image, whose colours stay within the overlap.
+///
+/// \image html gallery/IntersectAlphaMatte.png
 TN_EXPORT void IntersectAlpha(const TnMatte& source, int opacity, TnImage& destination, const TnPoint& at);
 
 /// Makes each alpha of the destination the smaller of sa and da and keeps the colours. Everything outside the overlap
 /// becomes 0.
+///
+/// \image html gallery/IntersectAlphaNoColor.png
 TN_EXPORT void IntersectAlphaNoColor(const TnImage& source, int opacity, TnImage& destination, const TnPoint& at);
 
 /// IntersectAlphaNoColor; transform and clip have no effect.
+///
+/// \image html gallery/IntersectAlphaNoColorInClip.png
 TN_EXPORT void IntersectAlphaNoColor(const TnImage& source, const TnColorTransform& transform, int opacity,
                                      TnImage& destination, const TnPoint& at, const TnRect& clip);
 
 /// IntersectAlphaNoColor at the whole pixels of the offset, rounded down; transform and clip have no effect.
+///
+/// \image html gallery/IntersectAlphaNoColorBetweenPixels.png
 TN_EXPORT void IntersectAlphaNoColor(const TnImage& source, const TnColorTransform& transform, int opacity,
                                      TnImage& destination, const TnFixedPoint& at, const TnRect& clip);
 
 /// Takes the source out of the destination: the alpha becomes da - da x sa / 255, colours stay.
+///
+/// \image html gallery/SubtractAlpha.png
 TN_EXPORT void SubtractAlpha(const TnImage& source, int opacity, TnImage& destination, const TnPoint& at);
 
 /// SubtractAlpha with a colour transform, within a clip.
+///
+/// \image html gallery/SubtractAlphaInClip.png
 TN_EXPORT void SubtractAlpha(const TnImage& source, const TnColorTransform& transform, int opacity,
                              TnImage& destination, const TnPoint& at, const TnRect& clip);
 
 /// SubtractAlpha at a sub-pixel offset.
+///
+/// \image html gallery/SubtractAlphaBetweenPixels.png
 TN_EXPORT void SubtractAlpha(const TnImage& source, const TnColorTransform& transform, int opacity,
                              TnImage& destination, const TnFixedPoint& at, const TnRect& clip);
 
@@ -126,12 +160,18 @@ TN_EXPORT void SubtractAlpha(const TnImage& source, const TnColorTransform& tran
 ///
 /// With w = da - da x sa / 255 and n = w + sa: n = 0 keeps the destination pixel. Otherwise each colour channel becomes
 /// (s x sa + d x w) / n, and the alpha the larger of sa and da, less sa x da / 255.
+///
+/// \image html gallery/XORAlpha.png
 TN_EXPORT void XORAlpha(const TnImage& source, int opacity, TnImage& destination, const TnPoint& at);
 
 /// XORAlpha with a colour transform, within a clip.
+///
+/// \image html gallery/XORAlphaInClip.png
 TN_EXPORT void XORAlpha(const TnImage& source, const TnColorTransform& transform, int opacity, TnImage& destination,
                         const TnPoint& at, const TnRect& clip);
 
 /// XORAlpha at a sub-pixel offset.
+///
+/// \image html gallery/XORAlphaBetweenPixels.png
 TN_EXPORT void XORAlpha(const TnImage& source, const TnColorTransform& transform, int opacity, TnImage& destination,
                         const TnFixedPoint& at, const TnRect& clip);

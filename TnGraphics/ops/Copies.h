@@ -18,6 +18,9 @@
 /// Copies what source and destination have in common: whole pixels between images, values between mattes, the alpha
 /// from an image to a matte and from a matte to an image, whose colours then stay.
 ///
+/// \image html gallery/TnCopy.png
+/// \image html gallery/TnCopyMatte.png
+///
 /// \tparam SourceType      TnImage or TnMatte
 /// \tparam DestinationType TnImage or TnMatte
 template <class SourceType, class DestinationType>
@@ -25,19 +28,27 @@ TN_EXPORT void TnCopy(const SourceType& source, DestinationType& destination, co
 
 /// Copies whole pixels within a clip.
 ///
+/// \image html gallery/TnCopyInClip.png
+///
 /// \tparam SourceType      TnImage
 /// \tparam DestinationType TnImage
 template <class SourceType, class DestinationType>
 TN_EXPORT void TnCopy(const SourceType& source, DestinationType& destination, const TnPoint& at, const TnRect& clip);
 
 /// Copies whole pixels with a colour transform and an opacity, which lowers the copied alpha, within a clip.
+///
+/// \image html gallery/TnCopyTransformed.png
 TN_EXPORT void TnCopy(const TnImage& source, const TnColorTransform& transform, int opacity, TnImage& destination,
                       const TnPoint& at, const TnRect& clip);
 
 /// Copies red, green and blue; the destination's alphas stay.
+///
+/// \image html gallery/TnCopyColor.png
 TN_EXPORT void TnCopyColor(const TnImage& source, TnImage& destination, const TnPoint& at);
 
 /// TnCopy under its second name, from an image to a matte and from a matte to an image.
+///
+/// \image html gallery/TnCopyAlpha.png
 ///
 /// \tparam SourceType      TnImage or TnMatte
 /// \tparam DestinationType the other one
@@ -47,11 +58,15 @@ TN_EXPORT void TnCopyAlpha(const SourceType& source, DestinationType& destinatio
 /// Makes the destination's alphas the inverted luminance of the source: 255 - y with the luma y of RGBtoYUV. White
 /// gives 0, black gives 255; the source's alphas have no effect, and colours of the destination stay.
 ///
+/// \image html gallery/CopyLuminenceToAlpha.png
+///
 /// \tparam DestinationType TnImage or TnMatte
 template <class DestinationType>
 TN_EXPORT void CopyLuminenceToAlpha(const TnImage& source, DestinationType& destination, const TnPoint& at);
 
 /// Makes red, green and blue of the destination the inverted values of the matte: 255 gives black. Alphas stay.
+///
+/// \image html gallery/CopyAlphaToLuminence.png
 ///
 /// \tparam SourceType TnMatte
 template <class SourceType>
@@ -65,6 +80,8 @@ TN_EXPORT void CopyAlphaToLuminence(const SourceType& source, TnImage& destinati
 ///
 /// The two lists are kept in one place for the whole library until the next call: two threads must not run this
 /// operation at the same time, and it allocates when the lists need room.
+///
+/// \image html gallery/TnCopyMapColor.png
 ///
 /// \throws std::bad_alloc for exhausted memory, before anything is changed
 TN_EXPORT void TnCopyMapColor(const TnImage& source, TnImage& destination, const TnPoint& at,

@@ -21,6 +21,9 @@
 #include "TnGraphics/port/TnMatte.h"
 
 /// Replaces values of the matte by the mask's coverage.
+///
+/// \image html gallery/DownSample.png
+///
 /// \param at where the mask's first cell lands in the destination
 TN_EXPORT void DownSample(const TnMask& mask, TnMatte& destination, const TnPoint& at);
 

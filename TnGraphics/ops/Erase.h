@@ -13,6 +13,8 @@
 /// clears the whole surface; one that covers the surface changes nothing. The pixels above, below, left and right of it
 /// are cleared in this order, each band a walk of its own that calls the surface's cancel procedure once every 32 rows.
 ///
+/// \image html gallery/EraseOutside.png
+///
 /// \tparam SurfaceType TnImage or TnMatte
 /// \throws std::bad_alloc ("bad allocation") for a surface without storage that there is something to clear in
 template <class SurfaceType> TN_EXPORT void EraseOutside(SurfaceType& surface, const TnRect& rect);
@@ -21,4 +23,6 @@ template <class SurfaceType> TN_EXPORT void EraseOutside(SurfaceType& surface, c
 TN_EXPORT void PrepareMargin(TnImage& image, const TnRect& rect);
 
 /// EraseOutside under its second name.
+///
+/// \image html gallery/PrepareMargin.png
 TN_EXPORT void PrepareMargin(TnMatte& matte, const TnRect& rect);

@@ -17,14 +17,20 @@
 
 /// Gives the area the texture's red, green and blue; alphas stay.
 ///
+/// \image html gallery/CopyTexture.png
+///
 /// \param origin where a texture pixel (0, 0) falls in the destination, in or outside the area. Differences to the area
 ///               keep their low 32 bits.
 TN_EXPORT void CopyTexture(const TnImage& texture, TnImage& destination, const TnPoint& origin, const TnRect& area);
 
 /// CopyTexture that makes all alphas 0.
+///
+/// \image html gallery/CopyTextureZeroAlpha.png
 TN_EXPORT void CopyTextureZeroAlpha(const TnImage& texture, TnImage& destination, const TnPoint& origin,
                                     const TnRect& area);
 
 /// Paints the texture through the destination's alpha: each colour channel d over a texture's t becomes
 /// (d x (255 - da) + t x da) / 255, truncated; alphas stay. A texture pixel (0, 0) falls on the area's top-left corner.
+///
+/// \image html gallery/BlendTexture.png
 TN_EXPORT void BlendTexture(const TnImage& texture, TnImage& destination, const TnRect& area);

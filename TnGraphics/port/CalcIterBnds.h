@@ -8,6 +8,8 @@
 
 /// Plans an operation that places a source surface in a destination, limited to a clip.
 ///
+/// \image html gallery/CalcIterBnds.png
+///
 /// \param sourceSize      width and height of the source
 /// \param destinationSize width and height of the destination
 /// \param offset          where the source's top-left corner lands in the destination

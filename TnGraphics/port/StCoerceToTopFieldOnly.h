@@ -14,6 +14,8 @@
 ///
 /// The scope holds the image locked. The content is all of the field meanwhile, and all of the image afterwards: a
 /// content rectangle that was set before is lost. An image that is locked already keeps its pixel base.
+///
+/// \image html gallery/StCoerceToTopFieldOnly.png
 class StCoerceToTopFieldOnly {
 public:
     /// \throws std::bad_alloc ("bad allocation") for an image without storage, which then stays as it is

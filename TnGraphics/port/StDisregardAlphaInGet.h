@@ -11,6 +11,8 @@
 ///
 /// The scope holds the image locked and is a state of the image: every reader meets it. Scopes nest and must be closed
 /// in reverse order for the outside pixel to come back right.
+///
+/// \image html gallery/StDisregardAlphaInGet.png
 class StDisregardAlphaInGet {
 public:
     /// \param outside what reads outside the image return meanwhile

@@ -97,6 +97,8 @@ public:
     /// On a locked surface the pixel base stays where it is: the new corner takes effect at the next first lock, and
     /// until then walks that would leave the storage are empty.
     ///
+    /// \image html gallery/Content.png
+    ///
     /// \throws std::bad_alloc ("bad allocation") for a surface without storage, which then keeps its content
     TN_EXPORT void Content(const TnRect& content);
 

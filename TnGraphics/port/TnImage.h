@@ -50,6 +50,8 @@ public:
     ///
     /// Transparent pixels take part in the alpha, not in the colour, so edges keep their colour; four of them give 0.
     /// Inside a StDisregardAlphaInGet scope all channels are averaged alike. Averages are truncated.
+    ///
+    /// \image html gallery/GetBetweenPixels.png
     TnImagePixel Get(TnFixed x, TnFixed y) const;
 
     /// The mean of a rectangle in steps of 1/256 of a pixel, each channel by itself, rounded. A rectangle narrower or
@@ -58,6 +60,8 @@ public:
     /// The rectangle is trusted: it must lie inside the image, and so must a further column where it lies within one
     /// column, and a further row where it lies within one row, because these are read as its far edges and weighted
     /// fully. So {0, 0, 1, 1} gives the sum of four pixels, of which the low 8 bits are kept.
+    ///
+    /// \image html gallery/GetRect.png
     TnImagePixel Get(const TnFloatRect& rect) const;
 
     /// The sum over a block of nx x ny pixels with (x, y) at its top left, each channel of pixel (x + i, y + j) times
@@ -65,6 +69,8 @@ public:
     /// gain their products add up to 65536. A block of no pixels gives 0.
     ///
     /// The block is trusted: it must lie inside the image.
+    ///
+    /// \image html gallery/GetWeighted.png
     TnImagePixel Get(long x, long y, const TnFixed* kx, unsigned long nx, const TnFixed* ky, unsigned long ny) const;
 
     /// Stores a pixel at a position; outside it does nothing.

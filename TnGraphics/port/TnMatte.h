@@ -48,6 +48,8 @@ public:
 
     /// The value between pixels, as the image's, but in the last column and in the last row, where a neighbour is
     /// missing, positions are outside.
+    ///
+    /// \image html gallery/GetMatteBetweenPixels.png
     TnMattePixel Get(TnFixed x, TnFixed y) const;
 
     /// The same at a position that is rounded to 1/256 of a pixel. A coordinate that is no number, or whose 256fold

@@ -36,6 +36,11 @@ enum class InterpolationType { kNearest = 0, kSmooth = 1 };
 /// mean of boxes, the source's; what they throw leaves exactly the rows done. Nothing is allocated. A surface that is
 /// both source and destination ends up with any pixels.
 ///
+/// \image html gallery/Transform.png
+/// \image html gallery/TransformEnlarged.png
+/// \image html gallery/TransformReduced.png
+/// \image html gallery/TransformMatte.png
+///
 /// \tparam Source      TnImage or TnMatte
 /// \tparam Destination TnImage or TnMatte; from a matte a TnMatte
 /// \throws std::bad_alloc ("bad allocation") for a surface without storage
