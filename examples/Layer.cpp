@@ -22,12 +22,12 @@ TnImage ShadowOf(TnMatte outline, int softness) {
 } // namespace
 
 void Place(const Layer& layer, const TnFloatPoint& at, int opacity, std::initializer_list<Shadow> shadows,
-           TnImage& picture) {
+           TnImage& picture, const TnColorTransform& tint) {
     for (const Shadow& shadow : shadows) {
         PreBlendImageAndAlpha(ShadowOf(layer.outline, shadow.softness), kUnchanged, shadow.opacity, picture,
                               FixedPoint(at.x + shadow.fall / 2, at.y + shadow.fall), picture.Bounds());
     }
-    PreBlendImageAndAlpha(layer.image, kUnchanged, opacity, picture, FixedPoint(at.x, at.y), picture.Bounds());
+    PreBlendImageAndAlpha(layer.image, tint, opacity, picture, FixedPoint(at.x, at.y), picture.Bounds());
 }
 
 // Transforms ask where each pixel comes from, so the matrix turns back.

@@ -22,9 +22,10 @@ struct Shadow {
     int opacity;
 };
 
-/// Puts the layer and its shadows above the picture, at a position between pixels.
+/// Puts the layer and its shadows above the picture, at a position between pixels. The tint changes the layer's colours
+/// and leaves its shadows dark.
 void Place(const Layer& layer, const TnFloatPoint& at, int opacity, std::initializer_list<Shadow> shadows,
-           TnImage& picture);
+           TnImage& picture, const TnColorTransform& tint = {});
 
 /// Turns the layer about its middle, clockwise.
 Layer Turned(const Layer& layer, double degrees);

@@ -19,6 +19,9 @@ constexpr TnColor kPaper = {255, 252, 249, 242};
 constexpr TnColor kPaperShade = {255, 226, 221, 212};
 constexpr TnColor kGold = {255, 255, 176, 32};
 
+/// A tint that warms what lies above the photograph like the sun in it.
+constexpr TnColorTransform kSunlit = {{258, 0}, {248, 0}, {230, 0}, {256, 0}};
+
 /// Text in a place, in the weight of the font.
 struct Line {
     const Font& font;
@@ -54,27 +57,29 @@ void Dim(TnImage& card) {
 }
 
 void AddTitle(TnImage& card, const Typeface& type) {
+    constexpr double kLeft = 58; // in its layer, with room for the shadow
+    constexpr TnFloatPoint kPlace = {kMargin - kLeft + 0.25, 60.5};
     constexpr double kBadge = 24;
-    constexpr double kBaseline = 318;
+    constexpr double kBaseline = 258;
     const Line programme = {type.bold, {30, 0.28}, U"HIGH COUNTRY"};
     const Line first = {type.light, {150, -0.01}, U"Last"};
     const Line second = {type.bold, {150, -0.01}, U"Light"};
     const Line subtitle = {type.light, {44}, U"A winter above the tree line"};
     const auto letter = [&](TnDrawPort& port) {
-        programme.AddTo(port, {kMargin + 3 * kBadge, 130});
-        first.AddTo(port, {kMargin, kBaseline});
-        second.AddTo(port, {kMargin + first.Width() + 42, kBaseline});
-        subtitle.AddTo(port, {kMargin, kBaseline + 92});
+        programme.AddTo(port, {kLeft + 3 * kBadge, 70});
+        first.AddTo(port, {kLeft, kBaseline});
+        second.AddTo(port, {kLeft + first.Width() + 42, kBaseline});
+        subtitle.AddTo(port, {kLeft, kBaseline + 92});
         port.Fill();
     };
-    Layer title(kSize);
+    Layer title({1100, 430});
     Draw(title.outline, letter);
     Draw(title.image, [&](TnDrawPort& port) {
         PaintWith(port, kPaper);
         letter(port);
-        DrawEmblem(port, {kMargin + kBadge, 119}, kBadge);
+        DrawEmblem(port, {kLeft + kBadge, 59}, kBadge);
     });
-    Place(title, {0, 0}, 255, {{22, 6, 150}}, card);
+    Place(title, kPlace, 245, {{22, 6, 150}}, card, kSunlit);
 }
 
 /// Two bars behind an emblem: a name, and what its bearer does.
@@ -147,32 +152,51 @@ TnImage Detail(TnImage picture, const TnPoint& size) {
     return Fitted(picture, size);
 }
 
-// The picture on paper, with a line of text below it.
-Layer MakePrint(const TnImage& picture, const Typeface& type) {
-    constexpr TnRect kSheet = {90, 90, 468, 382};
-    constexpr TnPoint kPhoto = {436, 292};
-    constexpr double kInset = 18;
-    const Line when = {type.bold, {27}, U"Next week"};
-    const Line what = {type.light, {27}, U"The meadows wake"};
-    Layer print({648, 562});
-    AlphaFill(print.outline, kSheet, 255);
-    ColorFill(print.image, kSheet, kPaper);
-    TnCopy(Detail(picture, kPhoto), GetColorMatrixForBlend(kInk, 12), 255, print.image,
-           {kSheet.left + 16, kSheet.top + 16}, print.image.Bounds());
-    Draw(print.image, [&](TnDrawPort& port) {
-        const double baseline = kSheet.top + kSheet.height - 28;
-        PaintWith(port, kInk);
-        when.AddTo(port, {kSheet.left + kInset, baseline});
-        what.AddTo(port, {kSheet.left + kSheet.width - kInset - what.Width(), baseline});
+// A line of text on a bar that begins at the left edge.
+Layer MakeLabel(const Font& font) {
+    constexpr TnPoint kLabel = {560, 120};
+    constexpr double kText = 22;
+    const Line when = {font, {27}, U"Next week"};
+    const Line what = {font, {27}, U"The meadows wake"};
+    const double middle = kText + when.Width() + 16;
+    const TnFloatRect bar = {0, 30, middle + what.Width() + 42, 58};
+    const auto drawBar = [&bar](TnDrawPort& port) {
+        AddLeaningBar(port, bar, 16, 7);
+        port.Fill();
+    };
+    Layer label(kLabel);
+    Draw(label.outline, drawBar);
+    DrawInColors(label.image, Gradient(kLabel, kInk, kTeal, {kLabel.x, 0}), drawBar);
+    Draw(label.image, [&](TnDrawPort& port) {
+        PaintWith(port, kGold);
+        when.AddTo(port, kText, bar);
+        port.Fill();
+        PaintWith(port, kPaper);
+        what.AddTo(port, middle, bar);
         port.Fill();
     });
+    return label;
+}
+
+// The picture on paper, with a label across it to which the tint gives the plum of the flowers.
+Layer MakePrint(TnImage picture, const Font& font) {
+    constexpr TnColorTransform kPlum = {{256, 52}, {256, -10}, {256, 14}, {256, 0}};
+    constexpr TnRect kSheet = {90, 90, 520, 400};
+    constexpr std::int32_t kBorder = 16;
+    Place(MakeLabel(font), {-0.25, 258.75}, 242, {{16, 8, 180}}, picture, kPlum);
+    Layer print({700, 580});
+    AlphaFill(print.outline, kSheet, 255);
+    ColorFill(print.image, kSheet, kPaper);
+    TnCopy(picture, print.image, {kSheet.left + kBorder, kSheet.top + kBorder});
     return print;
 }
 
-void AddPrint(TnImage& card, const TnImage& picture, const Typeface& type) {
-    constexpr TnFloatPoint kPlace = {1260, -18};
-    const Layer print = Turned(MakePrint(picture, type), 4);
-    Place(print, kPlace, 255, {{44, 22, 130}, {8, 4, 110}}, card);
+// The print is turned with all that lies on it, and what it then covers is marked.
+void AddPrint(TnImage& card, const TnImage& picture, const Font& font) {
+    constexpr TnPoint kPhoto = {488, 368};
+    constexpr TnFloatPoint kPlace = {1206, -23};
+    const Layer print = Turned(MakePrint(Detail(picture, kPhoto), font), 4);
+    Place(print, kPlace, 255, {{44, 22, 130}, {8, 4, 110}}, card, kSunlit);
     Draw(card, [&](TnDrawPort& port) {
         port.Translate(FixedPoint(kPlace.x, kPlace.y));
         DrawBounds(port, Grown(CalculateContentArea(print.image), 1), kPaper, kGold);
@@ -185,7 +209,7 @@ TnImage MakeTitleCard(const TnImage& photo, const TnImage& second, const Typefac
     TnImage card = AtDusk(photo);
     Dim(card);
     AddTitle(card, type);
-    AddPrint(card, second, type);
+    AddPrint(card, second, type.bold);
     Caption(type).AddTo(card);
     return card;
 }
