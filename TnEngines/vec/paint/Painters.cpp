@@ -10,15 +10,10 @@ constexpr std::uint32_t kOpaque = 255;
 constexpr std::uint8_t kHalf = 128;
 
 // Too few pixels to call a kernel for.
-constexpr std::size_t kFew = 4;
+constexpr std::int32_t kFew = 8;
 
-// Does the same to the pixels from a column on in each row.
-template <class Paint>
-void ForEachRow(const Target& target, std::int32_t x, std::int32_t top, std::int32_t bottom, const Paint& paint) {
-    std::uint8_t* pixels = target.At(x, top);
-    for (std::int32_t y = top; y < bottom; ++y, pixels += target.rowBytes) {
-        paint(pixels);
-    }
+std::uint32_t CoverageAt(const CoverageSpan& span, std::size_t i) {
+    return span.bytes == nullptr ? span.all : span.bytes[i];
 }
 
 } // namespace
@@ -29,54 +24,52 @@ ImagePainter::ImagePainter(const Target& target, const PaintColor& color)
              static_cast<std::uint32_t>(color.green) << 8 | color.blue) {}
 
 void ImagePainter::Cover(std::int32_t top, std::int32_t bottom, const CoverageRow& row) {
-    for (const CoverageSpan& span : row.Spans()) {
-        PaintSpan(top, bottom, span);
+    std::uint8_t* pixels = target_.Row(top);
+    for (std::int32_t y = top; y < bottom; ++y, pixels += target_.rowBytes) {
+        for (const CoverageSpan& span : row.Spans()) {
+            PaintSpan(pixels + 4 * std::ptrdiff_t{span.x - target_.bounds.left}, span);
+        }
     }
 }
 
-void ImagePainter::PaintSpan(std::int32_t top, std::int32_t bottom, const CoverageSpan& span) const {
+inline void ImagePainter::PaintSpan(std::uint8_t* pixels, const CoverageSpan& span) const {
     const auto count = static_cast<std::size_t>(span.length);
-    const auto forEachRow = [&](const auto& paint) { ForEachRow(target_, span.x, top, bottom, paint); };
-    const std::uint32_t alpha = CoveredAlpha(color_ >> 24, span.all);
-    if (span.bytes != nullptr) {
-        forEachRow([&](std::uint8_t* pixels) { kernels_.blendImageCovered(pixels, count, color_, span.bytes); });
-    } else if (alpha == kOpaque) {
-        forEachRow([&](std::uint8_t* pixels) { kernels_.fillImage(pixels, count, color_); });
-    } else if (count < kFew) {
-        forEachRow([&](std::uint8_t* pixels) {
-            for (std::size_t i = 0; i < count; ++i) {
-                StoreWord(pixels + 4 * i, BlendedByCase(LoadWord(pixels + 4 * i), color_, alpha));
-            }
-        });
+    if (span.length < kFew) {
+        for (std::size_t i = 0; i < count; ++i) {
+            const std::uint32_t alpha = CoveredAlpha(color_ >> 24, CoverageAt(span, i));
+            StoreWord(pixels + 4 * i, BlendedByCase(LoadWord(pixels + 4 * i), color_, alpha));
+        }
+    } else if (span.bytes != nullptr) {
+        kernels_.blendImageCovered(pixels, count, color_, span.bytes);
+    } else if (const std::uint32_t alpha = CoveredAlpha(color_ >> 24, span.all); alpha == kOpaque) {
+        kernels_.fillImage(pixels, count, color_);
     } else {
-        forEachRow([&](std::uint8_t* pixels) { kernels_.blendImage(pixels, count, color_, alpha); });
+        kernels_.blendImage(pixels, count, color_, alpha);
     }
 }
 
 void MattePainter::Cover(std::int32_t top, std::int32_t bottom, const CoverageRow& row) {
-    for (const CoverageSpan& span : row.Spans()) {
-        PaintSpan(top, bottom, span);
+    std::uint8_t* pixels = target_.Row(top);
+    for (std::int32_t y = top; y < bottom; ++y, pixels += target_.rowBytes) {
+        for (const CoverageSpan& span : row.Spans()) {
+            PaintSpan(pixels + (span.x - target_.bounds.left), span);
+        }
     }
 }
 
-void MattePainter::PaintSpan(std::int32_t top, std::int32_t bottom, const CoverageSpan& span) const {
+inline void MattePainter::PaintSpan(std::uint8_t* pixels, const CoverageSpan& span) const {
     const auto count = static_cast<std::size_t>(span.length);
-    const auto forEachRow = [&](const auto& paint) { ForEachRow(target_, span.x, top, bottom, paint); };
-    const std::uint32_t alpha = CoveredAlpha(color_.alpha, span.all);
-    if (span.bytes != nullptr) {
-        forEachRow([&](std::uint8_t* pixels) {
-            kernels_.blendMatteCovered(pixels, count, color_.gray, color_.alpha, span.bytes);
-        });
-    } else if (alpha == kOpaque) {
-        forEachRow([&](std::uint8_t* pixels) { std::memset(pixels, color_.gray, count); });
-    } else if (count < kFew) {
-        forEachRow([&](std::uint8_t* pixels) {
-            for (std::size_t i = 0; i < count; ++i) {
-                pixels[i] = static_cast<std::uint8_t>(BlendedMatte(pixels[i], color_.gray, alpha));
-            }
-        });
+    if (span.length < kFew) {
+        for (std::size_t i = 0; i < count; ++i) {
+            const std::uint32_t alpha = CoveredAlpha(color_.alpha, CoverageAt(span, i));
+            pixels[i] = static_cast<std::uint8_t>(BlendedMatte(pixels[i], color_.gray, alpha));
+        }
+    } else if (span.bytes != nullptr) {
+        kernels_.blendMatteCovered(pixels, count, color_.gray, color_.alpha, span.bytes);
+    } else if (const std::uint32_t alpha = CoveredAlpha(color_.alpha, span.all); alpha == kOpaque) {
+        std::memset(pixels, color_.gray, count);
     } else {
-        forEachRow([&](std::uint8_t* pixels) { kernels_.blendMatte(pixels, count, color_.gray, alpha); });
+        kernels_.blendMatte(pixels, count, color_.gray, alpha);
     }
 }
 

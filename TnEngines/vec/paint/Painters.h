@@ -46,7 +46,7 @@ public:
     void Cover(std::int32_t top, std::int32_t bottom, const CoverageRow& row) override;
 
 private:
-    void PaintSpan(std::int32_t top, std::int32_t bottom, const CoverageSpan& span) const;
+    void PaintSpan(std::uint8_t* pixels, const CoverageSpan& span) const;
 
     const Target& target_;
     const SpanKernels& kernels_ = Kernels();
@@ -60,7 +60,7 @@ public:
     void Cover(std::int32_t top, std::int32_t bottom, const CoverageRow& row) override;
 
 private:
-    void PaintSpan(std::int32_t top, std::int32_t bottom, const CoverageSpan& span) const;
+    void PaintSpan(std::uint8_t* pixels, const CoverageSpan& span) const;
 
     const Target& target_;
     const SpanKernels& kernels_ = Kernels();

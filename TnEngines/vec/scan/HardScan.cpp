@@ -1,5 +1,7 @@
 #include "TnEngines/vec/scan/HardScan.h"
 
+#include "TnEngines/vec/scan/VisibleBox.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -15,10 +17,7 @@ double CrossingAt(double height, const Point& upper, const Point& lower) {
 } // namespace
 
 void HardScan::Run(const Outline& outline, FillRule rule, const Box& clip, CoverageSink& sink) {
-    if (outline.Chains().empty()) {
-        return;
-    }
-    box_ = Intersection(clip, BoxAround(outline.LeastCorner(), outline.GreatestCorner()));
+    box_ = VisibleBox(outline, clip);
     if (box_.IsEmpty()) {
         return;
     }

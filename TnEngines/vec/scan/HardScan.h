@@ -25,7 +25,6 @@ private:
     };
 
     void Prepare(const Outline& outline);
-    void RunRow(CoverageSink& sink);
     void EnterChains(double height);
     void GoDown(double height);
     void CoverRow();

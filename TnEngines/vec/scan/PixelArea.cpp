@@ -57,6 +57,10 @@ template <class Crossing> double TwiceInside(std::span<const Crossing> crossings
     return inside + (IsInside(winding, rule) ? 2 - from : 0);
 }
 
+template <class Crossing> void SortFromTheLeft(std::span<Crossing> crossings) {
+    SortAll(crossings, [](const Crossing& a, const Crossing& b) { return a.Middle() < b.Middle(); });
+}
+
 } // namespace
 
 // What is to the left still winds around the pixel; what is to the right does not.
@@ -161,7 +165,7 @@ PixelArea::Crossings PixelArea::CrossingsBetween(double top, double bottom) {
 }
 
 double PixelArea::SlabInside(Crossings crossings, double height, std::int64_t winding, FillRule rule) {
-    SortAll(crossings, [](const Crossing& a, const Crossing& b) { return a.Middle() < b.Middle(); });
+    SortFromTheLeft(crossings);
     if (height > kLeastHeight && cutsLeft_ > 0) {
         for (std::size_t i = 1; i < crossings.size(); ++i) {
             const double part = WhereTheyCross(crossings[i - 1], crossings[i]);
@@ -196,7 +200,7 @@ double PixelArea::CrowdInside(double top, double bottom, std::int64_t winding, F
     double inside = 0;
     for (int part = 0; part < kCrowdParts; ++part) {
         const Crossings crossings = CrossingsBetween(top + part * height, top + (part + 1) * height);
-        SortAll(crossings, [](const Crossing& a, const Crossing& b) { return a.Middle() < b.Middle(); });
+        SortFromTheLeft(crossings);
         inside += TwiceInside<Crossing>(crossings, winding, rule) / 2 * height;
     }
     workLeft_ -= kCrowdParts * static_cast<std::int64_t>(active_.size());
@@ -215,7 +219,7 @@ double PixelArea::LinesInside(double from, std::int64_t winding, FillRule rule) 
         }
         GoDownTo(at);
         const Crossings crossings = CrossingsBetween(at, at);
-        SortAll(crossings, [](const Crossing& a, const Crossing& b) { return a.Middle() < b.Middle(); });
+        SortFromTheLeft(crossings);
         inside += TwiceInside<Crossing>(crossings, winding, rule) / 2 * height;
     }
     return inside;

@@ -2,6 +2,7 @@
 
 #include "TnEngines/vec/scan/LeftWindings.h"
 #include "TnEngines/vec/scan/RowLine.h"
+#include "TnEngines/vec/scan/VisibleBox.h"
 
 #include <algorithm>
 #include <cmath>
@@ -11,7 +12,7 @@ namespace tn::vec {
 void RectScan::Run(const Outline& outline, const Box& clip, CoverageSink& sink) {
     least_ = outline.LeastCorner();
     greatest_ = outline.GreatestCorner();
-    box_ = Intersection(clip, BoxAround(least_, greatest_));
+    box_ = VisibleBox(outline, clip);
     if (box_.IsEmpty()) {
         return;
     }

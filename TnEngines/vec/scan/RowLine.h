@@ -10,12 +10,7 @@ namespace tn::vec {
 
 /// The pixels that lines run through. A line along the left side of a pixel is in none, and first tells of that pixel.
 struct CellRange {
-    std::int32_t first = INT32_MAX, last = -1;
-
-    void Add(const CellRange& other) {
-        first = std::min(first, other.first);
-        last = std::max(last, other.last);
-    }
+    std::int32_t first, last;
 };
 
 /// A line from one height within a row of pixels to a lower one, which it need not tell. x is in 1/65536 of a pixel
@@ -37,17 +32,26 @@ public:
         return static_cast<std::int32_t>((height * sumOfEnds + kPixel) >> (kShift + 1));
     }
 
+    /// The pixels between two places.
+    static CellRange RangeOf(std::int64_t left, std::int64_t right) { return {PixelOf(left), PixelOf(right - 1)}; }
+
     RowLine() = default;
     RowLine(std::int64_t xTop, std::int64_t xBottom, std::int32_t height)
         : left_(std::min(xTop, xBottom)), right_(std::max(xTop, xBottom)), height_(height) {}
 
-    CellRange Range() const { return {PixelOf(left_), PixelOf(right_ - 1)}; }
+    std::int64_t Left() const { return left_; }
+    std::int64_t Right() const { return right_; }
+
+    /// The area to the right of the line, which is in one pixel alone, within that.
+    std::int32_t AreaIn(std::int32_t pixel) const {
+        return height_ - Beside(height_, left_ + right_ - 2 * StartOf(pixel));
+    }
 
     /// Tells of each pixel of the line in a row of some width, from left to right, with the height of the line's part
     /// to the left of the pixel, that of the part in it, and the area to the left of the latter within the pixel. What
     /// is beyond the left end is told of as if it were along it.
     template <class Cell> void ForEachCell(std::int32_t width, const Cell& cell) const {
-        const auto [first, last] = Range();
+        const auto [first, last] = RangeOf(left_, right_);
         if (last <= first || last < 0) {
             if (first < 0) {
                 cell(0, 0, height_, 0);

@@ -1,5 +1,7 @@
 #include "TnEngines/vec/scan/SmoothScan.h"
 
+#include "TnEngines/vec/scan/VisibleBox.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
@@ -15,10 +17,7 @@ std::int32_t HeightIn(std::int32_t row, double y) { return static_cast<std::int3
 } // namespace
 
 void SmoothScan::Run(const Outline& outline, FillRule rule, const Box& clip, CoverageSink& sink) {
-    if (outline.Chains().empty()) {
-        return;
-    }
-    box_ = Intersection(clip, BoxAround(outline.LeastCorner(), outline.GreatestCorner()));
+    box_ = VisibleBox(outline, clip);
     if (box_.IsEmpty()) {
         return;
     }
@@ -135,45 +134,37 @@ void SmoothScan::GoThroughRow() {
     }
 }
 
-void SmoothScan::GoThroughWhole(ActiveChain& active) {
-    active.xTop = active.place.X() - box_.left;
+inline void SmoothScan::GoThroughWhole(ActiveChain& active) {
+    active.atRowTop = active.place;
     active.place.GoDown(y_ + 1);
-    active.xBottom = active.place.X() - box_.left;
-    active.isWhole = true;
+    active.line = RowLine(FixedX(active.atRowTop), FixedX(active.place), kWhole * active.direction);
+    active.left = active.line.Left();
+    active.right = active.line.Right();
+    active.range = RowLine::RangeOf(active.left, active.right);
     active.isInCells = false;
-    active.least = std::min(active.xTop, active.xBottom);
-    active.greatest = std::max(active.xTop, active.xBottom);
-    active.line = RowLine(RowLine::Fixed(active.xTop), RowLine::Fixed(active.xBottom), kWhole * active.direction);
-    active.range = active.line.Range();
     active.top = 0;
     active.bottom = kWhole;
 }
 
 void SmoothScan::GoThroughLines(ActiveChain& active) {
     ChainPlace place = active.atRowTop = active.place;
-    double least = active.xTop = place.X() - box_.left;
-    double greatest = least;
-    std::int64_t x = RowLine::Fixed(least);
+    std::int64_t x = FixedX(place);
+    std::int64_t left = x, right = x;
     std::int32_t height = active.top = HeightIn(y_, place.Y());
-    CellRange range;
     do {
         place.GoDown(y_ + 1);
-        active.xBottom = place.X() - box_.left;
-        least = std::min(least, active.xBottom);
-        greatest = std::max(greatest, active.xBottom);
-        const std::int64_t xReached = RowLine::Fixed(active.xBottom);
+        const std::int64_t xReached = FixedX(place);
         const std::int32_t reached = HeightIn(y_, place.Y());
-        const RowLine line(x, xReached, (reached - height) * active.direction);
-        cells_.Add(line);
-        range.Add(line.Range());
+        cells_.Add(RowLine(x, xReached, (reached - height) * active.direction));
+        left = std::min(left, xReached);
+        right = std::max(right, xReached);
         x = xReached;
         height = reached;
     } while (height < kWhole && !place.IsAtEnd());
     active.place = place;
-    active.least = least;
-    active.greatest = greatest;
-    active.range = range;
-    active.isWhole = false;
+    active.left = left;
+    active.right = right;
+    active.range = RowLine::RangeOf(left, right);
     active.isInCells = true;
     active.bottom = height;
 }
@@ -229,6 +220,10 @@ inline void SmoothScan::CoverLevel(std::int32_t until) {
 void SmoothScan::CoverRow() {
     x_ = 0;
     sum_ = 0;
+    if (IsPair()) {
+        CoverPair();
+        return;
+    }
     left_.Clear();
     const std::int32_t width = box_.Width();
     for (std::size_t i = 0; i < entries_.size();) {
@@ -251,23 +246,60 @@ void SmoothScan::CoverRow() {
     cells_.Take(width + 1);
 }
 
+// True where two chains bound the row's only stretch that is inside, as they do in most rows of most shapes.
+bool SmoothScan::IsPair() const {
+    if (entries_.size() != 2) {
+        return false;
+    }
+    const ActiveChain& left = active_[entries_[0].chain];
+    const ActiveChain& right = active_[entries_[1].chain];
+    return left.direction + right.direction == 0 && left.IsThrough() && right.IsThrough() &&
+           left.range.last < right.range.first;
+}
+
+void SmoothScan::CoverPair() {
+    const ActiveChain& left = active_[entries_[0].chain];
+    const ActiveChain& right = active_[entries_[1].chain];
+    const std::int32_t width = box_.Width();
+    x_ = std::clamp(left.range.first, 0, width);
+    CoverBeside(left, 0, std::clamp(left.range.last, -1, width - 1));
+    if (const std::int32_t until = std::clamp(right.range.first, 0, width); x_ < until) {
+        row_.Add(box_.left + x_, until - x_, kCovered);
+        x_ = until;
+    }
+    CoverBeside(right, left.direction, std::clamp(right.range.last, -1, width - 1));
+    cells_.Take(width);
+    cells_.Take(width + 1);
+}
+
 // The pixels up to the last, in which is no other chain.
 void SmoothScan::CoverAlone(const ActiveChain& chain, std::int32_t last) {
     const std::int64_t winding = left_.AtTop();
-    if (chain.isInCells) {
-        CoverFromCells(last);
-    } else {
-        if (IsInside(winding, rule_) == IsInside(winding + chain.direction, rule_)) {
-            CoverLevel(last + 1);
-        } else if (x_ <= last) {
-            CoverBesideLine(chain.line, winding, last);
-        }
+    if (!chain.isInCells && IsInside(winding, rule_) == IsInside(winding + chain.direction, rule_)) {
+        CoverLevel(last + 1);
         sum_ += kWhole * chain.direction;
+    } else {
+        CoverBeside(chain, winding, last);
     }
     Pass(chain);
 }
 
-void SmoothScan::CoverFromCells(std::int32_t last) {
+// The same where the chain goes through all of the row.
+inline void SmoothScan::CoverBeside(const ActiveChain& chain, std::int64_t winding, std::int32_t last) {
+    if (chain.isInCells) {
+        CoverFromCells(last);
+        return;
+    }
+    if (chain.range.first == x_ && chain.range.last == x_ && x_ == last) {
+        *row_.Bytes(box_.left + x_, 1) = SumCoverage(winding * kWhole + chain.line.AreaIn(x_));
+        ++x_;
+    } else if (x_ <= last) {
+        CoverBesideLine(chain.line, winding, last);
+    }
+    sum_ += kWhole * chain.direction;
+}
+
+inline void SmoothScan::CoverFromCells(std::int32_t last) {
     if (x_ <= last) {
         std::uint8_t* coverage = row_.Bytes(box_.left + x_, last + 1 - x_);
         std::int64_t sum = sum_;
@@ -370,17 +402,18 @@ std::uint8_t SmoothScan::SharedCoverage(Sharing sharing, std::int32_t x) {
 // that do not cross one lies to the left.
 WindingRange SmoothScan::WindingsWithin() const {
     WindingRange range = left_.Between(0, kWhole);
+    const ActiveChain& a = *sharing_.front();
     if (sharing_.size() == 1) {
-        const ActiveChain& chain = *sharing_.front();
-        range.Add(left_.Between(chain.top, chain.bottom) + chain.direction);
+        range.Add(left_.Between(a.top, a.bottom) + a.direction);
         return range;
     }
-    if (sharing_.size() == 2) {
-        const ActiveChain& a = *sharing_[0];
-        const ActiveChain& b = *sharing_[1];
-        if (a.top == b.top && a.bottom == b.bottom && (IsBeside(a, b) || IsBeside(b, a))) {
+    const ActiveChain& b = *sharing_.back();
+    if (sharing_.size() == 2 && a.top == b.top && a.bottom == b.bottom) {
+        const bool isBefore = a.atRowTop.X() + a.place.X() <= b.atRowTop.X() + b.place.X();
+        const ActiveChain& left = isBefore ? a : b;
+        if (IsBeside(left, isBefore ? b : a)) {
             const WindingRange beside = left_.Between(a.top, a.bottom);
-            range.Add(beside + (IsBeside(a, b) ? a : b).direction);
+            range.Add(beside + left.direction);
             range.Add(beside + (a.direction + b.direction));
             return range;
         }
@@ -391,19 +424,30 @@ WindingRange SmoothScan::WindingsWithin() const {
     return range;
 }
 
-// True where all of a chain is to the left of all of another at the same height.
-bool SmoothScan::IsBeside(const ActiveChain& left, const ActiveChain& right) {
-    return left.greatest <= right.least ||
-           (left.isWhole && right.isWhole && left.xTop <= right.xTop && left.xBottom <= right.xBottom);
+// True where all of a chain is to the left of all of another at the same height. Both go down the same heights.
+bool SmoothScan::IsBeside(const ActiveChain& left, const ActiveChain& right) const {
+    if (left.right <= right.left) {
+        return true;
+    }
+    if (!left.isInCells && !right.isInCells) {
+        return left.atRowTop.X() <= right.atRowTop.X() && left.place.X() <= right.place.X();
+    }
+    ChainPlace a = left.atRowTop;
+    ChainPlace b = right.atRowTop;
+    while (a.X() <= b.X()) {
+        if (a.Y() >= y_ + 1 || a.IsAtEnd() || b.IsAtEnd()) {
+            return true;
+        }
+        const double height = std::min({a.LineEnd().y, b.LineEnd().y, y_ + 1.0});
+        a.GoDown(height);
+        b.GoDown(height);
+    }
+    return false;
 }
 
 std::uint8_t SmoothScan::AreaCoverage(std::int32_t x) {
     area_.Clear();
     for (const ActiveChain* const chain : sharing_) {
-        if (chain->isWhole) {
-            area_.Add({0, 1, chain->xTop - x, chain->xBottom - x, chain->direction});
-            continue;
-        }
         const double left = 1.0 * box_.left + x;
         ChainPlace place = chain->atRowTop;
         GoDown(place, y_ + 1, [&](Point from, Point to) {

@@ -26,18 +26,18 @@ public:
     void Run(const Outline& outline, FillRule rule, const Box& clip, CoverageSink& sink);
 
 private:
-    /// A chain in a row; x is from the left side of the box.
+    /// A chain in a row.
     struct ActiveChain {
         ChainPlace place; ///< Where it leaves the row.
         std::int32_t direction;
-        bool isWhole;             ///< It runs through all of the row in one line.
         bool isInCells;           ///< The area beside it has been added to the cells.
-        double xTop, xBottom;     ///< Where it enters and leaves the row.
-        double least, greatest;   ///< How far it gets to the left and to the right.
-        RowLine line;             ///< Itself, where it is whole.
-        CellRange range;          ///< The pixels that it runs through.
         std::int32_t top, bottom; ///< Its heights.
-        ChainPlace atRowTop;      ///< Where it enters, unless it is whole.
+        std::int64_t left, right; ///< How far it gets to both sides, as a RowLine counts.
+        CellRange range;          ///< The pixels that it runs through.
+        RowLine line;             ///< Itself, where it is not in the cells: then it is one line through all of the row.
+        ChainPlace atRowTop;      ///< Where it enters.
+
+        bool IsThrough() const { return top == 0 && bottom == kWhole; }
     };
 
     struct Waiting {
@@ -70,8 +70,11 @@ private:
 
     // In a row
     void CoverRow();
+    bool IsPair() const;
+    void CoverPair();
     void CoverLevel(std::int32_t until);
     void CoverAlone(const ActiveChain& chain, std::int32_t last);
+    void CoverBeside(const ActiveChain& chain, std::int64_t winding, std::int32_t last);
     void CoverFromCells(std::int32_t last);
     void CoverBesideLine(const RowLine& line, std::int64_t winding, std::int32_t last);
     void CoverShared(Entries entries, std::int32_t last);
@@ -79,9 +82,10 @@ private:
     Sharing HowTheyShare() const;
     std::uint8_t SharedCoverage(Sharing sharing, std::int32_t x);
     WindingRange WindingsWithin() const;
-    static bool IsBeside(const ActiveChain& left, const ActiveChain& right);
+    bool IsBeside(const ActiveChain& left, const ActiveChain& right) const;
     std::uint8_t AreaCoverage(std::int32_t x);
     std::uint8_t SumCoverage(std::int64_t sum) const;
+    std::int64_t FixedX(const ChainPlace& place) const { return RowLine::Fixed(place.X() - box_.left); }
     void Pass(const ActiveChain& active) { left_.Add(active.top, active.bottom, active.direction); }
 
     const Point* points_ = nullptr;
