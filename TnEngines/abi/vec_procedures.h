@@ -44,12 +44,12 @@ enum { kVecAntiAliasOptions = 1 }; ///< The option group of smooth edges.
 enum {
     kVecSmoothClips = 1,  ///< Smooth edges of clips.
     kVecSmoothPaint = 2,  ///< Smooth edges of painted areas.
-    kVecThinLineCare = 16 ///< Strokes narrower than a pixel get a pixel's width and less alpha.
+    kVecThinLineCare = 16 ///< Strokes narrower than a pixel get a pixel's width and, painted smooth, less alpha.
 };
 
 // "VecNewRasterPortInterface"
 
-/// Makes a port over a bitmap, which the caller keeps until the port is released. Null and no error for no port.
+/// Makes a port over a bitmap, which the caller keeps until the port is released. With an error there is no port.
 typedef KelError (*VecRasterPortNewBitmapPortV3Type)(const VecBitmap* bitmap, VecPort* port);
 
 // Every port

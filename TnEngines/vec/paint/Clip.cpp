@@ -59,7 +59,12 @@ bool ClipMask::IsFull() const {
     return std::ranges::all_of(coverage_, [](std::uint8_t coverage) { return coverage == kCovered; });
 }
 
-void Clip::Intersect(const Box& box) { box_ = Intersection(box_, box); }
+void Clip::Intersect(const Box& box) {
+    box_ = Intersection(box_, box);
+    if (box_.IsEmpty()) {
+        mask_.reset();
+    }
+}
 
 void Clip::Intersect(std::unique_ptr<ClipMask> mask) {
     if (mask_ != nullptr) {

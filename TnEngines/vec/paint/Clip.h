@@ -19,7 +19,6 @@ public:
     void Cover(std::int32_t top, std::int32_t bottom, const CoverageRow& row) override;
     void Multiply(const ClipMask& by);
 
-    const Box& Bounds() const { return box_; }
     const std::uint8_t* At(std::int32_t x, std::int32_t y) const { return coverage_.data() + Offset(x, y); }
 
     /// The least box that holds all that may be painted.

@@ -14,9 +14,11 @@ struct Matrix {
 
     double Determinant() const { return a * d - b * c; }
 
-    bool IsFinite() const {
-        return std::isfinite(a) && std::isfinite(b) && std::isfinite(c) && std::isfinite(d) && std::isfinite(tx) &&
-               std::isfinite(ty);
+    /// False with entries that are no numbers, or so large that not all that is worked out from them would be one.
+    bool IsSound() const {
+        constexpr double kGreatest = 1e75; // its fourth power is a number still
+        const auto isSound = [](double entry) { return std::abs(entry) <= kGreatest; };
+        return isSound(a) && isSound(b) && isSound(c) && isSound(d) && isSound(tx) && isSound(ty);
     }
 
     /// What distances are stretched by at most.
@@ -28,7 +30,7 @@ struct Matrix {
     }
 
     /// False where the plane collapses, so that there is nothing to see.
-    bool IsInvertible() const { return IsFinite() && Determinant() != 0; }
+    bool IsInvertible() const { return IsSound() && Determinant() != 0; }
 
     Point MapDistance(Point distance) const {
         return {a * distance.x + c * distance.y, b * distance.x + d * distance.y};

@@ -39,7 +39,7 @@ public:
     bool IsSpoilt() const { return isSpoilt_; }
 
     bool IsEmpty() const { return verbs_.empty(); }
-    bool HasCurrentPoint() const { return !verbs_.empty(); }
+    bool HasCurrentPoint() const { return !IsEmpty(); }
     Point CurrentPoint() const { return current_; }
 
     std::span<const Verb> Verbs() const { return verbs_; }

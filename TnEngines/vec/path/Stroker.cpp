@@ -9,7 +9,7 @@ namespace {
 // Shorter lines have no direction worth the name.
 constexpr double kLeastLength = 1.0 / (1 << 20);
 
-// A half circle gets no more than 2 to the power of this chords.
+// A quarter of a circle gets no more than 2 to the power of this chords.
 constexpr int kDeepestArc = 10;
 
 // A chord over an angle is r (1 - cos(angle / 2)) away from its arc.
@@ -18,7 +18,46 @@ double FlatCosine(double radius, double flatness) {
     return 2 * cosine * cosine - 1;
 }
 
+// Looks for the line that a matrix makes the widest.
+class WidestLine {
+public:
+    explicit WidestLine(const Matrix& matrix) : matrix_(matrix), determinant_(std::abs(matrix.Determinant())) {}
+
+    void Move(Point to) { start_ = current_ = to; }
+    void Line(Point to) {
+        LookAt(to - current_);
+        current_ = to;
+    }
+    void BeginCurve(Point) {}
+    void EndCurve(Point) {}
+    void Close() { Line(start_); }
+
+    /// How many times as wide it is in device space as in user space; 0 without lines.
+    double Scale() const { return scale_; }
+
+private:
+    // A line and its width span an area, which the determinant scales.
+    void LookAt(Point line) {
+        const Point inUserSpace = matrix_.UnmapDistance(line);
+        const double lengths = std::sqrt(Dot(inUserSpace, inUserSpace) / Dot(line, line));
+        if (std::isfinite(lengths)) {
+            scale_ = std::max(scale_, determinant_ * lengths);
+        }
+    }
+
+    const Matrix& matrix_;
+    double determinant_;
+    Point start_ = {}, current_ = {};
+    double scale_ = 0;
+};
+
 } // namespace
+
+double GreatestWidth(const Path& path, const Pen& pen, double flatness) {
+    WidestLine widest(pen.matrix);
+    Flatten(path, flatness, widest);
+    return pen.width * (widest.Scale() > 0 ? widest.Scale() : pen.matrix.GreatestScale());
+}
 
 Stroker::Stroker(const Pen& pen, double flatness, Outline& outline)
     : pen_(pen), outline_(outline), halfWidth_(pen.width / 2), flatness_(flatness),
@@ -32,7 +71,6 @@ void Stroker::Stroke(const Path& path) {
 void Stroker::Move(Point to) {
     EndSubPath(false);
     start_ = current_ = to;
-    isBegun_ = true;
 }
 
 void Stroker::Line(Point to) {
@@ -67,12 +105,11 @@ void Stroker::AddSide(Point line, double times, Meeting meeting) {
 void Stroker::Close() {
     Line(start_);
     EndSubPath(true);
-    isBegun_ = true;
 }
 
 void Stroker::EndSubPath(bool isClosed) {
     if (sides_.empty()) {
-        if (isBegun_ && hasLines_) {
+        if (hasLines_) {
             StrokeDot();
         }
     } else if (isClosed) {

@@ -26,6 +26,10 @@ struct Pen {
     Matrix matrix; ///< Invertible.
 };
 
+/// How many pixels wide the widest line of a path's stroke comes out: where a matrix scales unevenly, that depends on
+/// where lines lead. A path without lines counts as the pen is at its widest.
+double GreatestWidth(const Path& path, const Pen& pen, double flatness);
+
 /// Adds the outline of a path's stroke to an outline. The outline winds around no place of it 0 times, and around no
 /// other place.
 ///
@@ -86,7 +90,6 @@ private:
     std::vector<Point> discs_; // to be added after the sub-path
     Point start_ = {}, current_ = {};
     Meeting next_ = Meeting::kCorner;
-    bool isBegun_ = false;
     bool hasLines_ = false; // if only such that lead nowhere
 };
 

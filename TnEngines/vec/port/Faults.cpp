@@ -63,7 +63,11 @@ KelError Faults::Record(Fault fault) {
     if (made == nullptr) {
         made = NewErrorOf(fault);
     }
-    return last_ = made;
+    last_ = made;
+    if (made == ExhaustedMemory()) {
+        made = nullptr; // so that the next time, with memory, tells more
+    }
+    return last_;
 }
 
 KelError Faults::RecordCaught() noexcept {

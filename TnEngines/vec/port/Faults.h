@@ -18,7 +18,7 @@ enum class Fault : std::int32_t {
     kLineWidth,      ///< The width is no number, or infinite.
     kUnexpected      ///< Something else went wrong.
 };
-inline constexpr std::size_t kFaults = 6;
+inline constexpr auto kFaults = static_cast<std::size_t>(Fault::kUnexpected);
 
 /// A new error with one reference, which is the caller's. Null without a runtime that makes errors.
 KelError NewErrorOf(Fault fault);

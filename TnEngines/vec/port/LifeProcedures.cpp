@@ -22,7 +22,7 @@ bool HasKnownFormat(const VecBitmap& bitmap) {
     }
 }
 
-bool IsNear(std::int32_t edge) { return std::abs(std::int64_t{edge}) <= static_cast<std::int64_t>(kFarthest); }
+bool IsNear(std::int32_t edge) { return std::abs(std::int64_t{edge}) < static_cast<std::int64_t>(kFarthest); }
 
 bool IsPaintable(const VecBitmap& bitmap) {
     const Box bounds = {bitmap.left, bitmap.top, bitmap.right, bitmap.bottom};

@@ -1,6 +1,7 @@
 #include "TnEngines/vec/port/Port.h"
 
 #include "TnEngines/vec/Engine.h"
+#include "TnEngines/vec/scan/VisibleBox.h"
 
 #include <algorithm>
 #include <cmath>
@@ -16,12 +17,16 @@ namespace {
 static_assert(std::is_nothrow_move_constructible_v<GraphicsState>, "a save without memory must keep the earlier ones");
 
 // Infinite coordinates are as far away as numbers reach, so that 0 times them is 0.
-double Finite(double coordinate) {
+Point Finite(Point point) {
     constexpr double kGreatest = std::numeric_limits<float>::max();
-    return std::clamp(coordinate, -kGreatest, kGreatest);
+    return {std::clamp(point.x, -kGreatest, kGreatest), std::clamp(point.y, -kGreatest, kGreatest)};
 }
 
 bool IsBetweenPixels(Point corner) { return corner.x == std::floor(corner.x) && corner.y == std::floor(corner.y); }
+
+bool IsRectOfWholePixels(const Outline& outline) {
+    return IsRect(outline) && IsBetweenPixels(outline.LeastCorner()) && IsBetweenPixels(outline.GreatestCorner());
+}
 
 constexpr PaintColor kWhite = {255, 255, 255, 255, 255};
 
@@ -42,10 +47,10 @@ bool Port::IsSound(const Point& point) {
 
 // Where the matrix is no good, all points are one.
 Point Port::ToDevice(Point point) const {
-    if (!state_.matrix.IsFinite()) {
+    if (!state_.matrix.IsSound()) {
         return {0, 0};
     }
-    return Cut(state_.matrix.Map({Finite(point.x), Finite(point.y)}));
+    return Cut(state_.matrix.Map(Finite(point)));
 }
 
 void Port::Move(Point to) {
@@ -75,10 +80,10 @@ void Port::Curve(Point control1, Point control2, Point to) {
 
 Point Port::FromCurrentPoint(Point distance) const {
     const Point current = state_.path.CurrentPoint();
-    if (!state_.matrix.IsFinite()) {
+    if (!state_.matrix.IsSound()) {
         return current;
     }
-    return Cut(current + state_.matrix.MapDistance({Finite(distance.x), Finite(distance.y)}));
+    return Cut(current + state_.matrix.MapDistance(Finite(distance)));
 }
 
 void Port::MoveBy(Point distance) {
@@ -105,7 +110,7 @@ void Port::AddRect(const VecRect& rect) {
     if (!CanAdd(rect)) {
         return;
     }
-    state_.path.MakeRoom(5, 4);
+    state_.path.MakeRoom(5, 5);
     Move({rect.left, rect.top});
     Line({rect.right, rect.top});
     Line({rect.right, rect.bottom});
@@ -117,14 +122,14 @@ void Port::AddEllipse(const VecRect& rect) {
     if (!CanAdd(rect)) {
         return;
     }
-    state_.path.MakeRoom(6, 13);
+    state_.path.MakeRoom(6, 14);
     // The control points that take a cubic curve nearest to a quarter of a circle: 4/3 (sqrt(2) - 1) of the radius.
     constexpr double kRound = 0.5522847498307936;
-    const double x = (double{rect.left} + rect.right) / 2;
-    const double y = (double{rect.top} + rect.bottom) / 2;
-    const Point across = {(double{rect.right} - rect.left) / 2, 0};
-    const Point down = {0, (double{rect.bottom} - rect.top) / 2};
-    const Point center = {x, y};
+    const Point leastCorner = Finite({rect.left, rect.top});
+    const Point greatestCorner = Finite({rect.right, rect.bottom});
+    const Point center = 0.5 * (leastCorner + greatestCorner);
+    const Point across = {(greatestCorner.x - leastCorner.x) / 2, 0};
+    const Point down = {0, (greatestCorner.y - leastCorner.y) / 2};
     Move(center + across);
     for (const auto& [from, to] : {std::pair(across, down), {down, -across}, {-across, -down}, {-down, across}}) {
         Curve(center + from + kRound * to, center + to + kRound * from, center + to);
@@ -193,18 +198,18 @@ void Port::OutlinePath() {
 
 // Gives how wide a line is of the pixel that it is drawn as; 1 for wider lines.
 double Port::OutlineStroke() {
-    const double width = std::abs(state_.lineWidth);
-    const bool isWidened = width * state_.matrix.GreatestScale() < 1 && (state_.options & kVecThinLineCare) != 0;
-    Pen pen = {width, state_.cap, state_.join, state_.matrix};
-    if (width == 0 || isWidened) {
+    Pen pen = {std::abs(state_.lineWidth), state_.cap, state_.join, state_.matrix};
+    const bool isThinnest = pen.width == 0;
+    const bool takesCare = !isThinnest && (state_.options & kVecThinLineCare) != 0;
+    const double width = takesCare ? std::min(1.0, GreatestWidth(state_.path, pen, state_.flatness)) : 1;
+    if (isThinnest || width < 1) {
         pen.width = 1;
         pen.matrix = {};
     }
     outline_.Clear();
     Stroker(pen, state_.flatness, outline_).Stroke(state_.path);
     outline_.Finish();
-    const bool isThinned = width != 0 && isWidened && PaintsSmooth();
-    return isThinned ? width * std::sqrt(std::abs(state_.matrix.Determinant())) : 1;
+    return PaintsSmooth() ? width : 1;
 }
 
 bool Port::PaintsSmooth() const { return target_.bitsPerPixel != 1 && (state_.options & kVecSmoothPaint) != 0; }
@@ -256,15 +261,9 @@ KelError Port::ClipTo(FillRule rule) {
         return obstacle;
     }
     OutlinePath();
-    if (outline_.Chains().empty()) {
-        state_.clip.Intersect(Box{});
-        return nullptr;
-    }
-    const Box around = BoxAround(outline_.LeastCorner(), outline_.GreatestCorner());
-    const Box box = Intersection(state_.clip.Bounds(), around);
-    if (box.IsEmpty() ||
-        (IsRect(outline_) && IsBetweenPixels(outline_.LeastCorner()) && IsBetweenPixels(outline_.GreatestCorner()))) {
-        state_.clip.Intersect(around);
+    const Box box = VisibleBox(outline_, state_.clip.Bounds());
+    if (box.IsEmpty() || IsRectOfWholePixels(outline_)) {
+        state_.clip.Intersect(box);
         return nullptr;
     }
     auto mask = std::make_unique<ClipMask>(box);
@@ -302,6 +301,9 @@ KelError Port::ClipToRect(const VecRect& rect) {
 KelError Port::ErasePage() {
     if (!IsStarted()) {
         return errors_.Record(Fault::kStopped);
+    }
+    if (state_.clip.IsEmpty()) {
+        return nullptr;
     }
     const Box& all = target_.bounds;
     outline_.Clear();

@@ -1,6 +1,8 @@
 #include "tests/engines/vec/PortQuestions.h"
 #include "tests/support/Cases.h"
 
+#include <functional>
+
 namespace tn::test {
 namespace {
 
@@ -167,6 +169,62 @@ TEST_F(Clips, AreInitialAgain) {
     EXPECT_EQ(ClipBounds(canvas), (Numbers4{0, 0, 6, 2}));
     FillAll(canvas);
     EXPECT_EQ(Picture(canvas), Rows(2, "######"));
+}
+
+TEST_F(Clips, MayHaveNothingLeft) {
+    Canvas canvas(12, 8);
+    canvas.Smooth();
+    canvas.Polygon(std::vector<VecPoint>{{1, 1}, {9, 2}, {3, 7}});
+    canvas.Clip();
+    canvas.NewPath();
+    canvas.Clip();
+    EXPECT_EQ(canvas.Paint(Port::kErasePage), nullptr);
+    canvas.Rect(0, 0, 12, 8);
+    EXPECT_EQ(canvas.Fill(), nullptr);
+    EXPECT_TRUE(IsBlank(canvas));
+    EXPECT_EQ(canvas.Error(), nullptr);
+}
+
+TEST_F(Clips, OfWholePixelsCutSmoothOnes) {
+    const auto draw = [](Canvas& canvas, const std::function<void()>& clip) {
+        canvas.Smooth();
+        canvas.Polygon(std::vector<VecPoint>{{1, 1}, {9, 2}, {3, 7}});
+        canvas.Clip();
+        canvas.NewPath();
+        clip();
+        canvas.NewPath();
+        canvas.Rect(0, 0, 12, 8);
+        EXPECT_EQ(canvas.Fill(), nullptr);
+    };
+    Canvas whole(12, 8), cut(12, 8);
+    draw(whole, [] {});
+    draw(cut, [&] {
+        cut.Rect(3, 2, 6, 5);
+        cut.Clip();
+    });
+    for (std::int32_t y = 0; y < 8; ++y) {
+        for (std::int32_t x = 0; x < 12; ++x) {
+            const bool isIn = x >= 3 && x < 6 && y >= 2 && y < 5;
+            EXPECT_EQ(cut.Get(x, y), isIn ? whole.Get(x, y) : 0) << x << ' ' << y;
+        }
+    }
+}
+
+TEST_F(Clips, CutWhatIsErased) {
+    Canvas canvas(8, 4);
+    canvas.Gray(0.5F);
+    canvas.MoveTo(1, 1);
+    canvas.LineTo(3, 2);
+    canvas.GSave();
+    canvas.NewPath();
+    canvas.Rect(2, 1, 5, 3);
+    canvas.Clip();
+    EXPECT_EQ(canvas.Paint(Port::kErasePage), nullptr);
+    EXPECT_EQ(Picture(canvas), (Rows{"........", "..###...", "..###...", "........"})) << "white, whatever the colour";
+    canvas.GRestore();
+    EXPECT_EQ(PathBounds(canvas), (Numbers4{1, 1, 3, 2}));
+    EXPECT_EQ(canvas.Paint(Port::kErasePage), nullptr);
+    EXPECT_EQ(Picture(canvas), Rows(4, "########"));
 }
 
 TEST_F(Clips, TellBoundsThatHoldAllThatIsPainted) {

@@ -62,6 +62,19 @@ void FailEachAllocation(std::int32_t depth, const std::function<void(Canvas&, in
     EXPECT_LT(nth, kTooMany);
 }
 
+// Expects each row to be as it was, empty, or done.
+void ExpectWholeRows(const Canvas& canvas, const Canvas& done) {
+    const std::int32_t width = canvas.Layout().width;
+    for (std::int32_t y = 0; y < canvas.Layout().height; ++y) {
+        bool isDone = true, isEmpty = true;
+        for (std::int32_t x = 0; x < width; ++x) {
+            isDone = isDone && canvas.Get(x, y) == done.Get(x, y);
+            isEmpty = isEmpty && canvas.Get(x, y) == 0;
+        }
+        EXPECT_TRUE(isDone || isEmpty) << y;
+    }
+}
+
 // Expects a paint to fail for want of memory as if it had not been tried, except for rows that are done, and to go
 // through at the next try.
 void ExpectPaintToBeTriedAgain(const PaintStep& paint) {
@@ -82,6 +95,7 @@ void ExpectPaintToBeTriedAgain(const PaintStep& paint) {
                 ExpectExhausted(error);
                 ExpectExhausted(canvas.Error());
                 EXPECT_TRUE(SurroundingsOf(canvas) == before) << nth;
+                ExpectWholeRows(canvas, expected);
                 canvas.Clear(0);
                 error = paint(canvas);
             }
@@ -189,6 +203,39 @@ TEST_F(ExhaustedMemory, AddsShapesWholeOrNotAtAll) {
         SCOPED_TRACE(static_cast<int>(place));
         ExpectToBeTriedAgain([&](Canvas& canvas) { canvas.Call<VecPortRectPathType>(place, &rect); });
     }
+}
+
+// Whatever room there is left before.
+TEST_F(ExhaustedMemory, AddsShapesWholeOrNotAtAllToPathsOfAnyLength) {
+    const VecRect rect = {1, 2, 33, 44};
+    for (const Port place : {Port::kAddRect, Port::kAddEllipse}) {
+        for (int points = 1; points < 140; ++points) {
+            for (int nth = 1; nth < 4; ++nth) {
+                Canvas canvas(8, 8);
+                canvas.MoveTo(0, 0);
+                for (int i = 1; i < points; ++i) {
+                    canvas.LineTo(static_cast<float>(i % 2), 0);
+                }
+                const float before = NumberOf(canvas, Port::kGetPathLength);
+                const FailAllocation failure(nth);
+                canvas.Call<VecPortRectPathType>(place, &rect);
+                ASSERT_EQ(NumberOf(canvas, Port::kGetPathLength) == before, failure.HasFailed())
+                    << points << " points, allocation " << nth;
+            }
+        }
+    }
+}
+
+TEST_F(ExhaustedMemory, IsToldOnlyAsLongAsItLasts) {
+    Canvas canvas(8, 8);
+    {
+        const FailAllocation failure(1);
+        canvas.LineTo(1, 1);
+        EXPECT_TRUE(failure.HasFailed()) << "an error is made";
+        ExpectExhausted(canvas.Error());
+    }
+    canvas.LineTo(1, 1);
+    ExpectOwnError(canvas.Error());
 }
 
 TEST_F(ExhaustedMemory, ChangesPathsWholeOrNotAtAll) {

@@ -186,6 +186,47 @@ TEST_F(EdgeOptions, CareForLinesThatAreThinInTheDevice) {
     EXPECT_EQ(ScaledLine(19, 8, 0.25F, 2), (Pixels{0, 255, 255, 0})) << "two pixels";
 }
 
+// A level line from the left to the right, and an upright one from the top to the bottom, by themselves.
+Pixels UnevenLine(std::int32_t option, float scaleX, float scaleY, bool isLevel) {
+    Canvas canvas(4, 4);
+    canvas.Options(option);
+    canvas.Scale(scaleX, scaleY);
+    canvas.MoveTo((isLevel ? -9 : 2.5F) / scaleX, (isLevel ? 2.5F : -9) / scaleY);
+    canvas.LineTo((isLevel ? 9 : 2.5F) / scaleX, (isLevel ? 2.5F : 9) / scaleY);
+    EXPECT_EQ(canvas.Stroke(), nullptr);
+    Pixels across;
+    for (std::int32_t i = 0; i < 4; ++i) {
+        across.push_back(isLevel ? canvas.Get(1, i) : canvas.Get(i, 1));
+    }
+    return across;
+}
+
+TEST_F(EdgeOptions, CareForLinesByTheirOwnWidthUnderUnevenScales) {
+    EXPECT_EQ(UnevenLine(kVecThinLineCare, 4, 0.2F, true), (Pixels{0, 0, 255, 0}));
+    EXPECT_EQ(UnevenLine(19, 4, 0.2F, true), (Pixels{0, 0, 51, 0}));
+    EXPECT_EQ(UnevenLine(19, 3, 0.2F, false), (Pixels{0, 255, 255, 255})) << "three pixels wide";
+    EXPECT_EQ(UnevenLine(19, 0.8F, 0.2F, true), (Pixels{0, 0, 51, 0}));
+    EXPECT_EQ(UnevenLine(19, 0.8F, 0.2F, false), (Pixels{0, 0, 204, 0}));
+    EXPECT_EQ(UnevenLine(19, -0.8F, 0.2F, false), (Pixels{0, 0, 204, 0})) << "mirrored";
+}
+
+TEST_F(EdgeOptions, LeaveStrokesAloneOfWhichALineIsWide) {
+    for (const bool isSmooth : {false, true}) {
+        std::vector<Pixels> pictures;
+        for (const std::int32_t care : {0, 16}) {
+            Canvas canvas(8, 8);
+            canvas.Options(care + (isSmooth ? 3 : 0));
+            canvas.Scale(3, 0.5F);
+            canvas.MoveTo(0.5F, 3);
+            canvas.LineTo(2, 3);
+            canvas.LineTo(2, 13);
+            canvas.Stroke();
+            pictures.push_back(canvas.Pixels());
+        }
+        EXPECT_EQ(pictures[0], pictures[1]);
+    }
+}
+
 TEST_F(EdgeOptions, ScaleTheAlphaOfColorsForThinLines) {
     Canvas canvas(4, 1, 32);
     canvas.Options(19);

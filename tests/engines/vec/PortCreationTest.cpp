@@ -106,6 +106,21 @@ TEST_F(PortCreation, RefusesRowsThatNoStrideCanHold) {
     }
 }
 
+TEST_F(PortCreation, RefusesBoundsThatAreTooFarAway) {
+    constexpr std::int32_t kTooFar = 1 << 30;
+    VecBitmap bitmap = BitmapOf(1);
+    bitmap.rowBytes = 1 << 28;
+    bitmap.left = -kTooFar;
+    bitmap.right = kTooFar;
+    ExpectRefused(bitmap);
+    bitmap.left = kTooFar - 8;
+    ExpectRefused(bitmap);
+    bitmap.right = kTooFar - 1;
+    VecPort const port = NewPort(&bitmap);
+    EXPECT_NE(port, nullptr);
+    CallOn<VecPortCommandType>(port, abi::Port::kRelease);
+}
+
 TEST_F(PortCreation, RefusesNoBitmapAndNoPlaceForThePort) {
     KelError error = nullptr;
     EXPECT_EQ(NewPort(nullptr, &error), nullptr);

@@ -95,6 +95,64 @@ TEST_F(Robustness, OfPointsThatAreTooFarAway) {
     }
 }
 
+TEST_F(Robustness, OfMatricesThatGrowBeyondAllNumbers) {
+    for (const Port paint : kPaints) {
+        Canvas canvas(8, 8);
+        canvas.Smooth();
+        canvas.SetMatrix({1, 0, 1, 1, 0, 0});
+        for (int times = 0; times < 68; ++times) {
+            canvas.Scale(32767, 32767);
+        }
+        canvas.MoveTo(0, 0);
+        canvas.LineTo(3e38F, -3e38F);
+        canvas.LineTo(-3e38F, 3e38F);
+        canvas.LineWidth(3e38F);
+        EXPECT_EQ(canvas.Paint(paint), nullptr);
+        EXPECT_TRUE(IsBlank(canvas));
+        canvas.NewPath();
+        Do(canvas, Port::kInitClip);
+        Do(canvas, Port::kInitMatrix);
+        canvas.Rect(0, 0, 8, 8);
+        EXPECT_EQ(canvas.Fill(), nullptr);
+        EXPECT_EQ(Area(canvas), 64) << "as soon as there is a matrix again";
+    }
+}
+
+TEST_F(Robustness, OfInfiniteEllipses) {
+    Canvas canvas(8, 8);
+    const VecRect rect = {-kInfinity, -kInfinity, kInfinity, kInfinity};
+    canvas.Call<VecPortRectPathType>(Port::kAddEllipse, &rect);
+    EXPECT_EQ(canvas.Fill(), nullptr);
+    EXPECT_EQ(Area(canvas), 64);
+    EXPECT_EQ(canvas.Error(), nullptr);
+}
+
+// Coordinates that cannot be told exactly from the box's left side are off by a little.
+TEST_F(Robustness, OfTargetsThatCutShapes) {
+    ForEachCase(400, [](Random& random) {
+        Canvas whole(60, 40);
+        const std::int32_t left = random.Between(0, 30), top = random.Between(0, 20);
+        CanvasLayout layout = {random.Between(1, 29), random.Between(1, 19), 8};
+        layout.left = left;
+        layout.top = top;
+        Canvas part(layout);
+        std::vector<VecPoint> points(static_cast<std::size_t>(random.Between(3, 6)));
+        for (VecPoint& point : points) {
+            point = {static_cast<float>(random.Between(-40, 1000)) / 16, static_cast<float>(random.Between(0, 80)) / 2};
+        }
+        for (Canvas* const canvas : {&whole, &part}) {
+            canvas->Smooth();
+            canvas->Polygon(points);
+            EXPECT_EQ(canvas->Fill(), nullptr);
+        }
+        for (std::int32_t y = top; y < top + layout.height; ++y) {
+            for (std::int32_t x = left; x < left + layout.width; ++x) {
+                ASSERT_NEAR(part.Get(x, y), whole.Get(x, y), 1) << x << ' ' << y;
+            }
+        }
+    });
+}
+
 TEST_F(Robustness, OfAnyNumbersInPathsMatricesAndWidths) {
     constexpr std::array<float, 14> kNumbers = {0,     1,    -1,        4.5F, 1e-30F,     1e30F,         -1e30F,
                                                 1e38F, kNaN, kInfinity, -5,   -kInfinity, 1073741824.0F, 1e-45F};
@@ -104,7 +162,7 @@ TEST_F(Robustness, OfAnyNumbersInPathsMatricesAndWidths) {
             return random.OneIn(2) ? static_cast<float>(random.Between(-40, 100)) / 8 : random.OneOf(kNumbers);
         };
         canvas.Options(random.OneOf(std::array{0, 2, 3, 16, 19}));
-        for (int i = 0; i < 6; ++i) {
+        for (int i = 0; i < 14; ++i) {
             switch (random.Between(0, 9)) {
             case 0:
                 canvas.SetMatrix({number(), number(), number(), number(), number(), number()});

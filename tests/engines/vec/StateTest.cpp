@@ -67,7 +67,7 @@ void Change(Canvas& canvas, int step) {
     canvas.LineWidth(1 + number);
     canvas.LineCap(step % 3);
     canvas.LineJoin((step + 1) % 3);
-    canvas.Call<VecPortNumberType>(Port::kSetFlatness, number / 64);
+    canvas.Call<VecPortNumberType>(Port::kSetFlatness, 1 / (64 * number));
     canvas.Options(step % 4);
     canvas.AlphaRgb(1, number / 255, 0, 0);
 }
