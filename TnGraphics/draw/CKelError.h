@@ -8,7 +8,7 @@
 #include <exception>
 
 /// Thrown when the vector engine or the component runtime reports an error. Errors of exhausted memory come as
-/// std::bad_alloc instead.
+/// std::bad_alloc instead, unless memory ran out while an error was being made of something else.
 ///
 /// It holds a reference to the runtime's error object, or none where the runtime could not even make an error.
 class TN_EXPORT CKelError : public std::exception {

@@ -5,10 +5,13 @@
 /// the pixels of its target: pixel (i, j) is the square from (i, j) to (i + 1, j + 1), y grows downwards. Points are
 /// handed on in single precision.
 ///
-/// Paths and paints are for the time between BeginDrawing and EndDrawing. Outside it, and without a TnGraphicsMem, they
-/// throw CKelError "Missing Interface". Clip, EvenOddClip, Fill, EvenOddFill and Stroke throw CKelError where the
-/// engine reports an error, and std::bad_alloc ("bad allocation") where it has no memory; errors of all other calls are
-/// told by Error(). A port belongs to one thread at a time.
+/// All calls but Error and EndDrawing are for the time between BeginDrawing and EndDrawing. Outside it, and without a
+/// TnGraphicsMem, they throw CKelError "Missing Interface", whose text is empty where no engine was ever started. Clip,
+/// EvenOddClip, Fill, EvenOddFill and Stroke throw CKelError where the engine reports an error, and std::bad_alloc
+/// ("bad allocation") where it has no memory. Gray and RGBColor throw std::bad_alloc where there is no memory for a
+/// colour. Errors of all other calls are told by Error().
+///
+/// The engines keep lists for the whole process: only one thread at a time may use ports, whatever they draw on.
 #pragma once
 
 #include "TnGraphics/TnExport.h"
@@ -42,7 +45,7 @@ public:
         kBevelJoin = 2  ///< Cut off.
     };
 
-    /// Which edges are smooth. Some do the same; hosts have both names for it.
+    /// Which edges are smooth. Some do the same: they name what a host may want apart. Other values count as kSmooth.
     enum AntiAliasPolicy : std::int32_t {
         kSmooth = 0,          ///< All edges.
         kHard = 1,            ///< None.
@@ -65,7 +68,8 @@ public:
     /// \return true when there is something to draw with
     virtual bool BeginDrawing(AntiAliasPolicy policy, long count) = 0;
 
-    /// Gives up one hold, and with the last one what there was to draw with.
+    /// Ends drawing: gives up what there was to draw with, and the states that were saved. Nothing where nothing is
+    /// begun.
     virtual void EndDrawing() = 0;
 
     /// Forgets the path.
@@ -73,7 +77,8 @@ public:
     /// \image html gallery/NewPath.png
     void NewPath();
 
-    /// Begins a part of the path at a whole position.
+    /// Begins a part of the path at a whole position. Lines and curves need such a beginning; without one they add
+    /// nothing, and Error() tells.
     ///
     /// \image html gallery/MoveTo.png
     void MoveTo(const TnPoint& to);
@@ -108,8 +113,8 @@ public:
     /// \image html gallery/ClosePath.png
     void ClosePath();
 
-    /// Adds a rectangle, clockwise from its top-left corner: a line back to it, and a close. Its right and bottom edges
-    /// are sums that keep their low 32 bits.
+    /// Adds a rectangle, clockwise from its top-left corner: a line back to it, and a close. One without width or
+    /// height is added, too.
     ///
     /// \image html gallery/DrawRect.png
     void DrawRect(const TnRect& rect);
@@ -117,7 +122,8 @@ public:
     /// The same at a sub-pixel position.
     void DrawRect(const TnFixedRect& rect);
 
-    /// Paints from now on only inside the path, by the non-zero rule, and inside earlier clips.
+    /// Paints from now on only inside the path, by the non-zero rule, and inside earlier clips. Nothing is inside of an
+    /// empty path. The path stays, for a fill or a stroke, or until NewPath.
     ///
     /// \image html gallery/Clip.png
     void Clip();
@@ -142,12 +148,12 @@ public:
     /// \image html gallery/Stroke.png
     void Stroke();
 
-    /// Keeps colour, matrix, clip, line style and path on a stack.
+    /// Keeps colour, matrix, clip, line style, path and the choice of smooth edges on a stack.
     ///
     /// \image html gallery/SaveState.png
     void SaveState();
 
-    /// Takes them back from there.
+    /// Takes them back from there. Every call wants a SaveState before it; without one it does nothing.
     ///
     /// \image html gallery/SaveState.png
     void RestoreState();
@@ -179,7 +185,7 @@ public:
     /// \image html gallery/ScalePort.png
     void Scale(const TnFixedPoint& by);
 
-    /// Replaces the transformation. The matrix's third row is not looked at.
+    /// Replaces the transformation, in single precision. The matrix's third row is not looked at.
     ///
     /// \image html gallery/SetMatrix.png
     void SetMatrix(const Matrix<double, 3, 3>& matrix);
@@ -194,12 +200,12 @@ public:
     /// \image html gallery/RGBColor.png
     void RGBColor(float red, float green, float blue, float alpha);
 
-    /// 1 when a call has failed since drawing began, otherwise 0.
+    /// 1 when a call has failed since drawing began, otherwise 0; 0 too where nothing is begun.
     long Error() const;
 
 protected:
     TnDrawPort();
 
-    std::int32_t holds_ = 0;                     ///< Calls of BeginDrawing without an EndDrawing.
+    std::int32_t holds_ = 0; ///< EndDrawing lowers it, and gives up enginePort_ unless it stays above 0.
     std::unique_ptr<tn::EnginePort> enginePort_; ///< What there is to draw with, or none.
 };

@@ -20,7 +20,7 @@ class RasterTarget;
 /// \image html gallery/TnRasterPort.png
 class TN_EXPORT TnRasterPort final : public TnDrawPort {
 public:
-    /// \throws std::bad_alloc ("bad allocation") for a surface without storage
+    /// \throws std::bad_alloc ("bad allocation") for a surface without storage, and where there is no memory
     explicit TnRasterPort(const TnImage& image);
     explicit TnRasterPort(const TnMatte& matte); ///< On a matte, with the same exception.
     explicit TnRasterPort(const TnMask& mask);   ///< On a mask, with the same exception.
@@ -30,10 +30,12 @@ public:
 
     /// Begins to draw, in opaque black on an image, in white, which is full coverage, on a matte or mask.
     ///
-    /// What an earlier call began without an EndDrawing is left to the end of the TnGraphicsMem.
+    /// What an earlier call began without an EndDrawing is left to the end of the TnGraphicsMem. A call that throws
+    /// wants an EndDrawing just the same.
     ///
     /// \param count has no meaning
-    /// \throws CKelError "Missing Interface" without engines, and what the engine reports
+    /// \throws CKelError "Missing Interface" without engines, and what the engine reports; std::bad_alloc ("bad
+    ///     allocation") where there is no memory
     bool BeginDrawing(AntiAliasPolicy policy, long count) override;
 
     void EndDrawing() override;
