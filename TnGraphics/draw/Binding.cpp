@@ -3,6 +3,7 @@
 #include "TnGraphics/draw/CKelError.h"
 #include "TnGraphics/draw/EngineErrors.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <memory>
 
@@ -185,10 +186,12 @@ bool Binding::Validate(InterfaceCache& cache, Need need) const {
     return false;
 }
 
-// Errors may come before the start is complete, and may outlive the stop.
+// Errors may come before the start is complete, and may outlive the stop. Some of their procedures are worse than none:
+// references would be dropped that nobody could add.
 void Binding::KeepErrorsValid() {
-    if (unregisterCount_ != nullptr && !IsValid(errors_.Cache())) {
-        Find(errors_.Cache());
+    InterfaceCache& errors = errors_.Cache();
+    if (unregisterCount_ != nullptr && !IsValid(errors) && !Find(errors)) {
+        std::ranges::fill(errors.procedures, nullptr);
     }
 }
 

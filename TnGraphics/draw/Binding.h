@@ -60,7 +60,7 @@ public:
 
     template <class Procedure> Procedure CoreProcedure(abi::Core which) const { return core_.At<Procedure>(which); }
 
-    /// The procedures of errors. They are never taken away again, and any of them may be null.
+    /// The procedures of errors, after the stop too. All are null while one of them is not to be had.
     template <class Procedure> Procedure ErrorProcedure(abi::Error which) {
         KeepErrorsValid();
         return errors_.At<Procedure>(which);

@@ -27,7 +27,11 @@ public:
             RaiseBadAllocation();
         }
     }
-    ~OwnColor() { colors.At<HuexColorReleaseType>(abi::Color::kRelease)(color_); }
+    ~OwnColor() {
+        if (TheBinding().Validate(colors.Cache(), Need::kOptional)) { // else its colour went away with the interface
+            colors.At<HuexColorReleaseType>(abi::Color::kRelease)(color_);
+        }
+    }
     OwnColor(const OwnColor&) = delete;
     OwnColor& operator=(const OwnColor&) = delete;
 

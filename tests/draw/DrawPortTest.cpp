@@ -1,6 +1,7 @@
 #include "TnGraphics/draw/TnDrawPort.h"
 
 #include "tests/draw/PortTest.h"
+#include "tests/support/Slots.h"
 
 #include "TnGraphics/draw/TnRasterPort.h"
 
@@ -42,6 +43,15 @@ protected:
     TnRasterPort rasterPort{image};
     TnDrawPort& port = rasterPort;
 };
+
+#if defined(__GXX_ABI_VERSION)
+TEST(DrawPortSlots, AreTheDestructorsAndThoseOfBeginAndEnd) {
+    EXPECT_EQ(SlotOf(&TnDrawPort::BeginDrawing), 2);
+    EXPECT_EQ(SlotOf(&TnDrawPort::EndDrawing), 3);
+    EXPECT_EQ(SlotOf(&TnRasterPort::BeginDrawing), 2);
+    EXPECT_EQ(SlotOf(&TnRasterPort::EndDrawing), 3);
+}
+#endif
 
 TEST_F(DrawPort, ForwardsCommands) {
     port.NewPath();

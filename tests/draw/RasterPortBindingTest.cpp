@@ -9,9 +9,11 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <gtest/gtest.h>
 #include <optional>
+#include <set>
 #include <string>
 
 namespace tn::test {
@@ -36,9 +38,37 @@ bool Holds(const Lines& lines, const Lines& part) {
     return std::search(lines.begin(), lines.end(), part.begin(), part.end()) != lines.end();
 }
 
-// A procedure of the test's own, for what an engine does behind the library's back.
+// Procedures of the test's own, for what an engine does behind the library's back.
 VecPort givenPort = nullptr;
 void TakePort(VecPort port) { givenPort = port; }
+
+constexpr const char* kTaken = "a color is taken";
+HuexColor givenColor = nullptr;
+void TakeColor(VecPort, HuexColor color, std::int32_t, std::int32_t) {
+    givenColor = color;
+    if (RecordingEngines* const engines = RecordingEngines::Current(kTaken)) {
+        engines->Note(kTaken);
+    }
+}
+
+void ReleaseWhatIsGone(HuexColor) { ADD_FAILURE() << "colors are released by a procedure that went away"; }
+
+/// The pairs of an interface that were looked up, from the table's first to its last: "method procedure".
+Lines PairsOf(const std::string& interfaceName, const Lines& lookups) {
+    const std::string beginning = "get " + interfaceName + " ";
+    Lines pairs;
+    for (auto line = lookups.rbegin(); line != lookups.rend(); ++line) {
+        if (line->starts_with(beginning)) {
+            pairs.push_back(line->substr(beginning.size()));
+        }
+    }
+    return pairs;
+}
+
+/// How many of them look up a procedure.
+std::ptrdiff_t LookupsOf(const std::string& procedure, const Lines& pairs) {
+    return std::ranges::count_if(pairs, [&](const std::string& pair) { return pair.ends_with(" " + procedure); });
+}
 
 class RasterPortTables : public PortTest {
 protected:
@@ -47,6 +77,17 @@ protected:
     void OfferNewPath() {
         givenPort = nullptr;
         engines.Offer("VecRasterPortInterface", "VecPortNewPathProc", reinterpret_cast<void*>(&TakePort));
+    }
+
+    /// Lets something happen while the engine takes a colour, whose release of now must not be called any more then.
+    template <class Work> void WhileAColorIsTaken(const Work& work) {
+        engines.Offer("VecRasterPortInterface", "VecPortSetColorServerProcV4", reinterpret_cast<void*>(&TakeColor));
+        engines.Offer("HuexColorInterface", "HuexColorReleaseProc", reinterpret_cast<void*>(&ReleaseWhatIsGone));
+        engines.whenCalled = [=](const std::string& procedure) {
+            if (procedure == kTaken) {
+                work();
+            }
+        };
     }
 
     TnImage image{{5, 3}};
@@ -63,6 +104,40 @@ TEST_F(RasterPortTables, AreFoundWhenDrawingBegins) {
     port.Fill();
     EXPECT_TRUE(Begin(port));
     EXPECT_EQ(engines.Lookups(), Lines());
+}
+
+TEST_F(RasterPortTables, HaveThePairsThatEveryKindOfPortShares) {
+    TnRasterPort port(image);
+    EXPECT_TRUE(Begin(port));
+    const Lines pairs = PairsOf("VecRasterPortInterface", engines.Lookups());
+    ASSERT_EQ(pairs.size(), 66U);
+    EXPECT_EQ(pairs.front(), "GetPortType VecPortGetPortTypeProc");
+    EXPECT_LT(PlaceOf("Clip VecPortClipProcV2", pairs), pairs.size());
+    EXPECT_LT(PlaceOf("Fill VecPortFillProcV2", pairs), pairs.size());
+    EXPECT_EQ(std::set<std::string>(pairs.begin(), pairs.end()).size(), pairs.size());
+}
+
+TEST_F(RasterPortTables, HaveOneVersionOfEveryProcedureThatIsCalled) {
+    constexpr std::array<const char*, 20> kCalled = {
+        "VecPortNewPathProc",      "VecPortMoveToProc",           "VecPortLineToProc",      "VecPortCurveToProc",
+        "VecPortClosePathProc",    "VecPortClipProcV2",           "VecPortEOClipProcV2",    "VecPortFillProcV2",
+        "VecPortEOFillProcV2",     "VecPortStrokeProcV2",         "VecPortGSaveProc",       "VecPortGRestoreProc",
+        "VecPortSetLineWidthProc", "VecPortSetLineCapProc",       "VecPortSetLineJoinProc", "VecPortTranslateProc",
+        "VecPortScaleProc",        "VecPortSetColorServerProcV4", "VecPortGetKelErrorProc", "VecPortOptionsProcV3"};
+    TnRasterPort port(image);
+    EXPECT_TRUE(Begin(port));
+    port.SetMatrix({});
+    const Lines pairs = PairsOf("VecRasterPortInterface", engines.Lookups());
+    for (const std::string procedure : kCalled) {
+        const std::string unversioned = procedure.substr(0, procedure.rfind("Proc") + 4);
+        for (const char* version : {"", "V2", "V3", "V4", "V5"}) {
+            const std::string other = unversioned + version;
+            EXPECT_EQ(LookupsOf(other, pairs), other == procedure ? 1 : 0) << other;
+        }
+    }
+    EXPECT_EQ(PairsOf("VecNewRasterPortInterface", engines.Lookups()),
+              Lines{"NewBitmapPort VecRasterPortNewBitmapPortV3Proc"});
+    EXPECT_EQ(LookupsOf("VecGStatePortSetMatrixProc", engines.Lookups()), 1);
 }
 
 TEST_F(RasterPortTables, AreFoundAgainOnceTheCounterHasChanged) {
@@ -146,6 +221,50 @@ TEST_F(RasterPortTables, MayLackWhatEndsTheDrawing) {
     EXPECT_EQ(ReleasesOf("port#1"), 0U);
     EXPECT_EQ(image.Clients(), 0U);
     engines.handles.Release("the engine that went away", givenPort, HandleKind::kPort);
+}
+
+TEST_F(RasterPortTables, AreFoundAgainToReleaseAColor) {
+    WhileAColorIsTaken([&] { engines.Unregister("HuexColorInterface"); });
+    TnRasterPort port(image);
+    EXPECT_TRUE(Begin(port));
+    EXPECT_EQ(engines.CountOf("HuexColorReleaseProc color#1"), 1U);
+    EXPECT_EQ(engines.handles.ReferencesTo(givenColor), 0);
+}
+
+TEST_F(RasterPortTables, MayLackWhatReleasesAColor) {
+    WhileAColorIsTaken([&] {
+        engines.Unregister("HuexColorInterface");
+        engines.Hide("HuexColorReleaseProc");
+    });
+    TnRasterPort port(image);
+    EXPECT_TRUE(Begin(port));
+    const HuexColor left = givenColor;
+    EXPECT_EQ(engines.handles.ReferencesTo(left), 1);
+    EXPECT_EQ(engines.CountOf("VecPortOptionsProcV3 port#1 1 3"), 1U);
+    ExpectMissingInterface([&] { port.Gray(1); });
+    engines.whenCalled = nullptr;
+    engines.ShowAll();
+    port.Gray(1);
+    EXPECT_EQ(engines.CountOf("HuexColorReleaseProc color#2"), 1U);
+    engines.handles.Release("the engine that went away", left, HandleKind::kColor);
+}
+
+TEST_F(RasterPortTables, ThatAreMissingOnceAColorIsMadeLeaveNoColorBehind) {
+    TnRasterPort port(image);
+    EXPECT_TRUE(Begin(port));
+    engines.Offer("HuexColorInterface", "HuexColorReleaseProc", reinterpret_cast<void*>(&ReleaseWhatIsGone));
+    ++RecordingEngines::UnregisterCount();
+    engines.whenCalled = [&](const std::string& procedure) {
+        if (procedure == "HuexNewColorProc") {
+            engines.Unregister("HuexColorInterface");
+            engines.Hide("VecPortGetMatrixProc");
+        }
+    };
+    engines.ForgetLog();
+    ExpectMissingInterface([&] { port.Gray(1); });
+    EXPECT_EQ(engines.CountOf("VecPortSetColorServerProcV4 port#1 color#2 0 0"), 0U);
+    EXPECT_EQ(engines.CountOf("HuexColorReleaseProc color#2"), 1U);
+    engines.ShowAll();
 }
 
 using RasterPortAndStop = RasterPortTables;

@@ -4,6 +4,8 @@
 #include "tests/support/AllocationFailure.h"
 #include "tests/support/RecordingStorage.h"
 
+#include "TnGraphics/port/ClientLock.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -103,6 +105,50 @@ TEST_F(RasterPortBegins, WithTheOptionOfThePolicy) {
         EXPECT_TRUE(Begin(maskPort, policy));
         EXPECT_EQ(Called(), BeginCalls("10 0 0 9 3 1 0", kWhite, 2 * policy + 2, option));
     }
+}
+
+TEST_F(RasterPortBegins, WithTheFirstOptionForOtherPolicies) {
+    constexpr std::int32_t kSmallest = std::numeric_limits<std::int32_t>::min();
+    constexpr std::int32_t kLargest = std::numeric_limits<std::int32_t>::max();
+    TnRasterPort port(matte);
+    int number = 0;
+    for (const int policy : {-1, 8, 9, 256, 0x10001, kSmallest, kLargest}) {
+        EXPECT_TRUE(Begin(port, policy));
+        EXPECT_EQ(Called(), BeginCalls("13 0 0 5 3 8 0", kWhite, ++number, 3)) << policy;
+    }
+}
+
+TEST_F(RasterPortBegins, OnSurfacesWithoutPixels) {
+    const auto expectToDraw = [&](const auto& surface) {
+        TnRasterPort port(surface);
+        EXPECT_TRUE(Begin(port));
+        EXPECT_TRUE(engines.lastBitmap.right <= 0 || engines.lastBitmap.bottom <= 0);
+        for (const PortOperation& operation : kQuietOperations) {
+            EXPECT_NO_THROW(operation.run(port)) << operation.procedure;
+        }
+        for (const PortOperation& paint : kPaints) {
+            EXPECT_NO_THROW(paint.run(port)) << paint.procedure;
+        }
+        EXPECT_EQ(port.Error(), 0);
+        engines.ForgetLog();
+        port.EndDrawing();
+        EXPECT_TRUE(Drawn().back().starts_with("VecPortReleaseProc"));
+    };
+    for (const TnPoint& size : {TnPoint{0, 0}, TnPoint{0, 5}, TnPoint{5, 0}}) {
+        SCOPED_TRACE(testing::Message() << size.x << " x " << size.y);
+        expectToDraw(TnImage(size));
+        expectToDraw(TnMatte(size));
+        expectToDraw(TnMask(size));
+    }
+}
+
+TEST_F(RasterPortBegins, OnNoBitsOfAMaskThatWasAssignedWhileItWasLocked) {
+    const ClientLock<TnMask> lock(mask);
+    mask = TnMask({20, 4});
+    TnRasterPort port(mask);
+    EXPECT_TRUE(Begin(port));
+    EXPECT_EQ(Called(), BeginCalls(std::to_string(mask.RowBytes()) + " 0 0 0 0 1 0", kWhite));
+    EXPECT_EQ(engines.lastBitmap.pixels, nullptr);
 }
 
 TEST_F(RasterPortBegins, TheSameForEachCount) {

@@ -1,10 +1,10 @@
 #include "TnGraphics/port/TnBitMapHelper.h"
 
 #include "tests/support/RecordingStorage.h"
+#include "tests/support/Slots.h"
 
 #include "TnGraphics/port/WinBitMapHelper.h"
 
-#include <cstring>
 #include <gtest/gtest.h>
 #include <memory>
 #include <type_traits>
@@ -43,16 +43,7 @@ TEST(TnBitMapHelper, IsDeletedThroughItsVirtualDestructor) {
     EXPECT_EQ(probe.destructions, 1);
 }
 
-// All supported compilers share one C++ binary interface, in which a pointer to a virtual function holds 1 + the offset
-// of its slot. The virtual destructor takes the first two slots.
 #if defined(__GXX_ABI_VERSION)
-template <class Function> std::ptrdiff_t SlotOf(Function function) {
-    std::ptrdiff_t word = 0;
-    static_assert(sizeof(function) >= sizeof(word));
-    std::memcpy(&word, &function, sizeof(word));
-    return (word - 1) / static_cast<std::ptrdiff_t>(sizeof(void*));
-}
-
 TEST(TnBitMapHelper, KeepsTheOrderOfItsSlots) {
     EXPECT_EQ(SlotOf(&TnBitMapHelper::BaseAddr), 2);
     EXPECT_EQ(SlotOf(&TnBitMapHelper::RowBytes), 3);
