@@ -28,7 +28,7 @@ list(APPEND public_headers ${windows_headers})
 list(REMOVE_DUPLICATES public_headers)
 list(JOIN public_headers "\" \"" doxygen_input)
 
-set(guides Gallery Guarantees Sampling Storage Engines Testing Abi)
+set(guides Reference Gallery Guarantees Sampling Storage Engines Testing Abi)
 list(TRANSFORM guides PREPEND "${PROJECT_SOURCE_DIR}/docs/")
 list(TRANSFORM guides APPEND .md)
 list(JOIN guides "\" \"" doxygen_pages)

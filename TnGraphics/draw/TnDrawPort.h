@@ -28,7 +28,8 @@ namespace tn {
 class EnginePort;
 }
 
-/// Paths, paints and a graphics state, whatever they are drawn on.
+/// Paths, paints and a graphics state, whatever they are drawn on. For the frame, exceptions and threads see
+/// TnDrawPort.h.
 class TN_EXPORT TnDrawPort {
 public:
     /// How the ends of open paths look.
