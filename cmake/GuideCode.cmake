@@ -1,15 +1,20 @@
-# tn_write_guide_code(GUIDE SOURCE)
+# tn_write_guide_code(GUIDE SOURCE [NUMBER])
 #
-# Writes the first block of C++ in a guide to a source, so that there is one text of it and the compiler reads it.
+# Writes a block of C++ in a guide, the first unless a number says otherwise, to a source, so that there is one text of
+# it and the compiler reads it.
 function(tn_write_guide_code guide source)
+    set(number ${ARGN} 1)
+    list(GET number 0 number)
     set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${guide}")
     file(READ "${guide}" text)
-    string(FIND "${text}" "```cpp\n" begin)
-    if(begin EQUAL -1)
-        message(FATAL_ERROR "${guide} has no block of C++")
-    endif()
-    string(SUBSTRING "${text}" ${begin} -1 text)
-    string(REGEX REPLACE "^```cpp\n" "" text "${text}")
+    foreach(block RANGE 1 ${number})
+        string(FIND "${text}" "```cpp\n" begin)
+        if(begin EQUAL -1)
+            message(FATAL_ERROR "${guide} has no block of C++ number ${block}")
+        endif()
+        string(SUBSTRING "${text}" ${begin} -1 text)
+        string(REGEX REPLACE "^```cpp\n" "" text "${text}")
+    endforeach()
     string(FIND "${text}" "```" end)
     string(SUBSTRING "${text}" 0 ${end} text)
     file(CONFIGURE OUTPUT "${source}" CONTENT "${text}" @ONLY)
