@@ -1,5 +1,6 @@
 #include "TnEngines/vec/scan/SmoothScan.h"
 
+#include "TnEngines/vec/scan/PairArea.h"
 #include "TnEngines/vec/scan/VisibleBox.h"
 
 #include <algorithm>
@@ -438,23 +439,48 @@ bool SmoothScan::IsBeside(const ActiveChain& left, const ActiveChain& right) con
         if (a.Y() >= y_ + 1 || a.IsAtEnd() || b.IsAtEnd()) {
             return true;
         }
-        const double height = std::min({a.LineEnd().y, b.LineEnd().y, y_ + 1.0});
-        a.GoDown(height);
-        b.GoDown(height);
+        GoDownTogether(a, b);
     }
     return false;
 }
 
+// As far as both are straight.
+void SmoothScan::GoDownTogether(ChainPlace& a, ChainPlace& b) const {
+    const double height = std::min({a.LineEnd().y, b.LineEnd().y, y_ + 1.0});
+    a.GoDown(height);
+    b.GoDown(height);
+}
+
 std::uint8_t SmoothScan::AreaCoverage(std::int32_t x) {
+    const bool isPair = sharing_.size() == 2 && left_.IsLevel() && sharing_[0]->IsThrough() && sharing_[1]->IsThrough();
+    return NearestByte((isPair ? PairInside(x) : AnyInside(x)) * kCovered);
+}
+
+double SmoothScan::PairInside(std::int32_t x) const {
+    const double left = 1.0 * box_.left + x;
+    ChainPlace a = sharing_[0]->atRowTop;
+    ChainPlace b = sharing_[1]->atRowTop;
+    PairArea area;
+    while (a.Y() < y_ + 1) {
+        const double top = a.Y();
+        const double aTop = a.X() - left;
+        const double bTop = b.X() - left;
+        GoDownTogether(a, b);
+        area.Add(a.Y() - top, aTop, a.X() - left, bTop, b.X() - left);
+    }
+    return area.Inside(left_.AtTop(), sharing_[0]->direction, sharing_[1]->direction, rule_);
+}
+
+double SmoothScan::AnyInside(std::int32_t x) {
+    const double left = 1.0 * box_.left + x;
     area_.Clear();
     for (const ActiveChain* const chain : sharing_) {
-        const double left = 1.0 * box_.left + x;
         ChainPlace place = chain->atRowTop;
         GoDown(place, y_ + 1, [&](Point from, Point to) {
             area_.Add({from.y - y_, to.y - y_, from.x - left, to.x - left, chain->direction});
         });
     }
-    return NearestByte(area_.Inside(left_, rule_) * kCovered);
+    return area_.Inside(left_, rule_);
 }
 
 } // namespace tn::vec

@@ -83,7 +83,10 @@ private:
     std::uint8_t SharedCoverage(Sharing sharing, std::int32_t x);
     WindingRange WindingsWithin() const;
     bool IsBeside(const ActiveChain& left, const ActiveChain& right) const;
+    void GoDownTogether(ChainPlace& a, ChainPlace& b) const;
     std::uint8_t AreaCoverage(std::int32_t x);
+    double PairInside(std::int32_t x) const;
+    double AnyInside(std::int32_t x);
     std::uint8_t SumCoverage(std::int64_t sum) const;
     std::int64_t FixedX(const ChainPlace& place) const { return RowLine::Fixed(place.X() - box_.left); }
     void Pass(const ActiveChain& active) { left_.Add(active.top, active.bottom, active.direction); }
