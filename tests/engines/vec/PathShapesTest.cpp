@@ -111,5 +111,12 @@ TEST_F(PathShapes, HoldEllipsesInRectanglesThatAreNoSquares) {
     EXPECT_EQ(canvas.Get(54, 14), 0U);
 }
 
+TEST_F(PathShapes, NeedACurrentPointToMoveFrom) {
+    Canvas canvas(4, 4);
+    MoveBy(canvas, 1, 1);
+    ExpectOwnError(canvas.Error());
+    EXPECT_EQ(PathBounds(canvas), std::nullopt);
+}
+
 } // namespace
 } // namespace tn::test

@@ -2,6 +2,9 @@
 
 #include "tests/engines/vec/PortQuestions.h"
 
+#include <algorithm>
+#include <cmath>
+
 namespace tn::test {
 namespace {
 
@@ -152,7 +155,25 @@ TEST_F(GraphicsStates, AreInitialAgain) {
     EXPECT_EQ(state.cap, 0);
     EXPECT_EQ(state.join, 0);
     EXPECT_EQ(state.paint, 0xFF000000);
+    EXPECT_EQ(state.flatness, 1.0F / 64);
+    EXPECT_EQ(state.option, 2) << "which is the host's";
     EXPECT_EQ(Depth(canvas), 1) << "what is saved stays so";
+}
+
+TEST_F(GraphicsStates, HaveAFlatnessThatCurvesKeepTo) {
+    constexpr float kRadius = 400;
+    const auto error = [&](float flatness) {
+        Canvas canvas(4, 4);
+        canvas.Call<VecPortNumberType>(Port::kSetFlatness, flatness);
+        EXPECT_EQ(NumberOf(canvas, Port::kGetFlatness), std::clamp(flatness, 1.0F / 1024, 1.0F / 64));
+        canvas.MoveTo(kRadius, 0);
+        canvas.CurveTo(kRadius, 220.91F, 220.91F, kRadius, 0, kRadius);
+        return std::abs(NumberOf(canvas, Port::kGetPathLength) - 628.405); // the curve's length by fine steps
+    };
+    EXPECT_LT(error(1.0F / 1024), 0.005);
+    EXPECT_GT(error(1.0F / 64), 2 * error(1.0F / 1024));
+    EXPECT_EQ(error(1), error(1.0F / 64)) << "no coarser";
+    EXPECT_EQ(error(1e-6F), error(1.0F / 1024)) << "no finer";
 }
 
 TEST_F(GraphicsStates, TellTheLineStyle) {
