@@ -74,6 +74,7 @@ TEST_F(RasterPortHeld, IsReleasedInThePortsEndHoweverOften) {
     std::uint32_t clientsAtRelease = 0;
     engines.whenCalled = [&](const char*) { clientsAtRelease = image.Clients(); };
     port.reset();
+    engines.whenCalled = nullptr;
     EXPECT_EQ(Drawn(), Lines{"VecPortReleaseProc port#1"});
     EXPECT_EQ(clientsAtRelease, 1U);
     EXPECT_EQ(image.Clients(), 0U);
