@@ -10,10 +10,14 @@ constexpr std::uint32_t kOpaque = 255;
 constexpr std::uint8_t kHalf = 128;
 
 // Too few pixels to call a kernel for.
-constexpr std::int32_t kFew = 8;
+constexpr std::size_t kFew = 8;
 
-std::uint32_t CoverageAt(const CoverageSpan& span, std::size_t i) {
-    return span.bytes == nullptr ? span.all : span.bytes[i];
+inline void BlendInto(std::uint8_t* pixel, std::uint32_t color, std::uint32_t alpha) {
+    StoreWord(pixel, BlendedByCase(LoadWord(pixel), color, alpha));
+}
+
+inline void BlendInto(std::uint8_t* pixel, std::uint8_t gray, std::uint32_t alpha) {
+    *pixel = static_cast<std::uint8_t>(BlendedMatte(*pixel, gray, alpha));
 }
 
 } // namespace
@@ -24,52 +28,70 @@ ImagePainter::ImagePainter(const Target& target, const PaintColor& color)
              static_cast<std::uint32_t>(color.green) << 8 | color.blue) {}
 
 void ImagePainter::Cover(std::int32_t top, std::int32_t bottom, const CoverageRow& row) {
-    std::uint8_t* pixels = target_.Row(top);
-    for (std::int32_t y = top; y < bottom; ++y, pixels += target_.rowBytes) {
-        for (const CoverageSpan& span : row.Spans()) {
-            PaintSpan(pixels + 4 * std::ptrdiff_t{span.x - target_.bounds.left}, span);
-        }
+    const Rows rows = {target_.Row(top), bottom - top, target_.rowBytes};
+    for (const CoverageSpan& span : row.Spans()) {
+        PaintSpan(rows.From(4 * std::ptrdiff_t{span.x - target_.bounds.left}), span);
     }
 }
 
-inline void ImagePainter::PaintSpan(std::uint8_t* pixels, const CoverageSpan& span) const {
+inline void ImagePainter::PaintSpan(const Rows& rows, const CoverageSpan& span) const {
     const auto count = static_cast<std::size_t>(span.length);
-    if (span.length < kFew) {
-        for (std::size_t i = 0; i < count; ++i) {
-            const std::uint32_t alpha = CoveredAlpha(color_ >> 24, CoverageAt(span, i));
-            StoreWord(pixels + 4 * i, BlendedByCase(LoadWord(pixels + 4 * i), color_, alpha));
-        }
-    } else if (span.bytes != nullptr) {
-        kernels_.blendImageCovered(pixels, count, color_, span.bytes);
-    } else if (const std::uint32_t alpha = CoveredAlpha(color_ >> 24, span.all); alpha == kOpaque) {
-        kernels_.fillImage(pixels, count, color_);
+    const std::uint32_t colorAlpha = color_ >> 24;
+    if (span.bytes == nullptr) {
+        PaintAlike(rows, count, CoveredAlpha(colorAlpha, span.all));
+    } else if (count < kFew) {
+        rows.ForEach([=, this](std::uint8_t* pixels) {
+            for (std::size_t i = 0; i < count; ++i) {
+                BlendInto(pixels + 4 * i, color_, CoveredAlpha(colorAlpha, span.bytes[i]));
+            }
+        });
     } else {
-        kernels_.blendImage(pixels, count, color_, alpha);
+        rows.ForEach(
+            [=, this](std::uint8_t* pixels) { kernels_.blendImageCovered(pixels, count, color_, span.bytes); });
+    }
+}
+
+inline void ImagePainter::PaintAlike(const Rows& rows, std::size_t count, std::uint32_t alpha) const {
+    if (count == 1) {
+        rows.ForEach([=, this](std::uint8_t* pixel) { BlendInto(pixel, color_, alpha); });
+    } else if (alpha == kOpaque) {
+        rows.ForEach([=, this](std::uint8_t* pixels) { kernels_.fillImage(pixels, count, color_); });
+    } else {
+        rows.ForEach([=, this](std::uint8_t* pixels) { kernels_.blendImage(pixels, count, color_, alpha); });
     }
 }
 
 void MattePainter::Cover(std::int32_t top, std::int32_t bottom, const CoverageRow& row) {
-    std::uint8_t* pixels = target_.Row(top);
-    for (std::int32_t y = top; y < bottom; ++y, pixels += target_.rowBytes) {
-        for (const CoverageSpan& span : row.Spans()) {
-            PaintSpan(pixels + (span.x - target_.bounds.left), span);
-        }
+    const Rows rows = {target_.Row(top), bottom - top, target_.rowBytes};
+    for (const CoverageSpan& span : row.Spans()) {
+        PaintSpan(rows.From(span.x - target_.bounds.left), span);
     }
 }
 
-inline void MattePainter::PaintSpan(std::uint8_t* pixels, const CoverageSpan& span) const {
+inline void MattePainter::PaintSpan(const Rows& rows, const CoverageSpan& span) const {
     const auto count = static_cast<std::size_t>(span.length);
-    if (span.length < kFew) {
-        for (std::size_t i = 0; i < count; ++i) {
-            const std::uint32_t alpha = CoveredAlpha(color_.alpha, CoverageAt(span, i));
-            pixels[i] = static_cast<std::uint8_t>(BlendedMatte(pixels[i], color_.gray, alpha));
-        }
-    } else if (span.bytes != nullptr) {
-        kernels_.blendMatteCovered(pixels, count, color_.gray, color_.alpha, span.bytes);
-    } else if (const std::uint32_t alpha = CoveredAlpha(color_.alpha, span.all); alpha == kOpaque) {
-        std::memset(pixels, color_.gray, count);
+    if (span.bytes == nullptr) {
+        PaintAlike(rows, count, CoveredAlpha(color_.alpha, span.all));
+    } else if (count < kFew) {
+        rows.ForEach([=, this](std::uint8_t* pixels) {
+            for (std::size_t i = 0; i < count; ++i) {
+                BlendInto(pixels + i, color_.gray, CoveredAlpha(color_.alpha, span.bytes[i]));
+            }
+        });
     } else {
-        kernels_.blendMatte(pixels, count, color_.gray, alpha);
+        rows.ForEach([=, this](std::uint8_t* pixels) {
+            kernels_.blendMatteCovered(pixels, count, color_.gray, color_.alpha, span.bytes);
+        });
+    }
+}
+
+inline void MattePainter::PaintAlike(const Rows& rows, std::size_t count, std::uint32_t alpha) const {
+    if (count == 1) {
+        rows.ForEach([=, this](std::uint8_t* pixel) { BlendInto(pixel, color_.gray, alpha); });
+    } else if (alpha == kOpaque) {
+        rows.ForEach([=, this](std::uint8_t* pixels) { std::memset(pixels, color_.gray, count); });
+    } else {
+        rows.ForEach([=, this](std::uint8_t* pixels) { kernels_.blendMatte(pixels, count, color_.gray, alpha); });
     }
 }
 

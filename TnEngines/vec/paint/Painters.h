@@ -25,6 +25,22 @@ struct Target {
     }
 };
 
+/// The same columns of some rows below one another.
+struct Rows {
+    std::uint8_t* first;
+    std::int32_t count;
+    std::size_t rowBytes;
+
+    Rows From(std::ptrdiff_t offset) const { return {first + offset, count, rowBytes}; }
+
+    template <class Paint> void ForEach(const Paint& paint) const {
+        std::uint8_t* pixels = first;
+        for (std::int32_t row = 0; row < count; ++row, pixels += rowBytes) {
+            paint(pixels);
+        }
+    }
+};
+
 /// A colour as each kind of target takes it.
 struct PaintColor {
     std::uint8_t alpha = 255;
@@ -46,7 +62,8 @@ public:
     void Cover(std::int32_t top, std::int32_t bottom, const CoverageRow& row) override;
 
 private:
-    void PaintSpan(std::uint8_t* pixels, const CoverageSpan& span) const;
+    void PaintSpan(const Rows& rows, const CoverageSpan& span) const;
+    void PaintAlike(const Rows& rows, std::size_t count, std::uint32_t alpha) const;
 
     const Target& target_;
     const SpanKernels& kernels_ = Kernels();
@@ -60,7 +77,8 @@ public:
     void Cover(std::int32_t top, std::int32_t bottom, const CoverageRow& row) override;
 
 private:
-    void PaintSpan(std::uint8_t* pixels, const CoverageSpan& span) const;
+    void PaintSpan(const Rows& rows, const CoverageSpan& span) const;
+    void PaintAlike(const Rows& rows, std::size_t count, std::uint32_t alpha) const;
 
     const Target& target_;
     const SpanKernels& kernels_ = Kernels();

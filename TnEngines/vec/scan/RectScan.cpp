@@ -47,8 +47,11 @@ void RectScan::CoverRows(std::int32_t top, std::int32_t bottom, std::int32_t hei
     if (first == last) {
         CoverPixel(first, beforeRight - beforeLeft);
     } else {
-        CoverPixel(first, height - beforeLeft);
-        const std::int32_t from = std::max(first + 1, box_.left);
+        const bool isFirstWhole = beforeLeft == 0;
+        if (!isFirstWhole) {
+            CoverPixel(first, height - beforeLeft);
+        }
+        const std::int32_t from = std::max(isFirstWhole ? first : first + 1, box_.left);
         const std::int32_t to = std::min(last, box_.right);
         if (from < to) {
             row_.Add(from, to - from, CoverageOf(height));
