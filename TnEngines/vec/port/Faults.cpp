@@ -46,8 +46,10 @@ KelError ExhaustedMemory() {
 }
 
 void ReleaseError(KelError error) {
-    const auto release = ErrorProcedure<KelErrorReleaseType>(abi::Error::kRelease);
-    if (error != nullptr && release != nullptr) {
+    if (error == nullptr) {
+        return;
+    }
+    if (const auto release = ErrorProcedure<KelErrorReleaseType>(abi::Error::kRelease)) {
         release(error);
     }
 }

@@ -403,16 +403,17 @@ std::uint8_t SmoothScan::SharedCoverage(Sharing sharing, std::int32_t x) {
 // that do not cross one lies to the left.
 WindingRange SmoothScan::WindingsWithin() const {
     WindingRange range = left_.Between(0, kWhole);
-    const ActiveChain& a = *sharing_.front();
     if (sharing_.size() == 1) {
-        range.Add(left_.Between(a.top, a.bottom) + a.direction);
+        const ActiveChain& chain = *sharing_.front();
+        range.Add(left_.Between(chain.top, chain.bottom) + chain.direction);
         return range;
     }
-    const ActiveChain& b = *sharing_.back();
-    if (sharing_.size() == 2 && a.top == b.top && a.bottom == b.bottom) {
+    if (sharing_.size() == 2) {
+        const ActiveChain& a = *sharing_[0];
+        const ActiveChain& b = *sharing_[1];
         const bool isBefore = a.atRowTop.X() + a.place.X() <= b.atRowTop.X() + b.place.X();
         const ActiveChain& left = isBefore ? a : b;
-        if (IsBeside(left, isBefore ? b : a)) {
+        if (a.top == b.top && a.bottom == b.bottom && IsBeside(left, isBefore ? b : a)) {
             const WindingRange beside = left_.Between(a.top, a.bottom);
             range.Add(beside + left.direction);
             range.Add(beside + (a.direction + b.direction));
