@@ -247,7 +247,8 @@ void SmoothScan::CoverRow() {
     cells_.Take(width + 1);
 }
 
-// True where two chains bound the row's only stretch that is inside, as they do in most rows of most shapes.
+// True where two chains go through all of the row and bound its only stretch that is inside, as in most rows of most
+// shapes.
 bool SmoothScan::IsPair() const {
     if (entries_.size() != 2) {
         return false;
@@ -285,7 +286,7 @@ void SmoothScan::CoverAlone(const ActiveChain& chain, std::int32_t last) {
     Pass(chain);
 }
 
-// The same where the chain goes through all of the row.
+// The same, given the winding to the chain's left, where that is the same all the way down.
 inline void SmoothScan::CoverBeside(const ActiveChain& chain, std::int64_t winding, std::int32_t last) {
     if (chain.isInCells) {
         CoverFromCells(last);
